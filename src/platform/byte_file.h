@@ -1,0 +1,46 @@
+#pragma once
+// Open files as bytes. Each failure is a RuntimeError that names the file and the cause.
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "platform/text.h"
+
+// An open regular file, read in blocks. Opening never waits: a pipe or a device is refused.
+class InputFile {
+ public:
+  explicit InputFile(const String& path);
+  InputFile(InputFile&& other) noexcept;
+  InputFile& operator=(InputFile&& other) noexcept;
+  ~InputFile();
+
+  // Up to `size` bytes; 0 at the end.
+  std::size_t Read(char* buffer, std::size_t size);
+  void Rewind();
+  std::uint64_t Size() const;
+  const String& Path() const { return path_; }
+
+ private:
+  int descriptor_ = -1;
+  String path_;
+};
+
+// A file made or emptied for writing, mode 0600 when it is made; buffered by its user. Can be read
+// back, for a writer that has to change what it has written.
+class OutputFile {
+ public:
+  explicit OutputFile(const String& path);
+  OutputFile(OutputFile&& other) noexcept;
+  OutputFile& operator=(OutputFile&& other) noexcept;
+  ~OutputFile();
+
+  void Write(std::string_view bytes);
+  // Reports what only shows when the file is closed.
+  void Close();
+  const String& Path() const { return path_; }
+
+ private:
+  int descriptor_ = -1;
+  String path_;
+};

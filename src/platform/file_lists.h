@@ -1,0 +1,65 @@
+#pragma once
+// The lists of volumes, folders and files.
+
+#include "platform/controls.h"
+
+// The root, the home folder and the mounted volumes.
+struct DriveListBox : Control {
+  void Accept(ControlVisitor& visitor) override;
+  // Reads the volumes anew.
+  void Refresh();
+  // The mount points, in the order shown.
+  Property<std::vector<String>> List;
+  // The chosen mount point.
+  Property<String> Drive;
+  std::function<void()> OnChange;
+  DriveListBox();
+
+ private:
+  Signal::Subscription changed_;
+};
+
+// The folders above a folder, the folder itself, and those inside it.
+struct DirListBox : Control {
+  struct Row {
+    String Name;
+    String Path;
+    // Steps from the root, for the indent.
+    int Depth = 0;
+    bool operator==(const Row&) const = default;
+  };
+
+  DirListBox();
+  void Accept(ControlVisitor& visitor) override;
+  // Goes to a folder. RuntimeError 76 or 75 when it can't be read, and the list stays.
+  void Go(const String& path);
+  Property<String> Path;
+  Property<std::vector<Row>> Rows;
+  std::function<void()> OnChange;
+
+ private:
+  Signal::Subscription changed_;
+};
+
+// The files of a folder whose names fit a pattern, sorted.
+struct FileListBox : ListControl {
+  FileListBox();
+  void Accept(ControlVisitor& visitor) override;
+  // Reads the folder anew.
+  void Refresh();
+  Property<String> Path;
+  // Patterns with "*" and "?" parted by ";", in any case; "*.*" fits every name.
+  Property<String> Pattern{u"*.*"};
+  bool MultiSelect = false;
+  Property<std::set<int>> Selected;
+  std::function<void()> OnClick;
+  std::function<void()> OnDblClick;
+
+ private:
+  Signal::Subscription pathChanged_;
+  Signal::Subscription patternChanged_;
+  Signal::Subscription indexChanged_;
+};
+
+// Whether a name fits one of the patterns parted by ";".
+bool FitsPattern(StringView name, StringView patterns);

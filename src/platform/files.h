@@ -1,0 +1,48 @@
+#pragma once
+// The file system. Paths are text; a name that is not valid UTF-8 survives (each stray byte is
+// U+DC80..U+DCFF). Failures are RuntimeError with the path and the cause.
+
+#include <vector>
+
+#include "platform/text.h"
+
+inline constexpr char16_t kPathSeparator = u'/';
+
+bool FileExists(const String& path);
+bool FolderExists(const String& path);
+// Opens a regular file for reading and closes it again. RuntimeError when it can't be read.
+void TestReadable(const String& path);
+
+// No write permission bit is set. Setting it takes all of them; clearing it gives the owner's back.
+bool IsReadOnly(const String& path);
+void SetReadOnly(const String& path, bool readOnly);
+
+// The content only, in constant memory; the target is created with mode 0600 or emptied.
+void CopyFileContent(const String& from, const String& to);
+void DeleteFile(const String& path);
+// Without an error when it is not there, or can't be.
+void DeleteFileQuietly(const String& path) noexcept;
+void MakeFolder(const String& path, unsigned mode);
+String CurrentFolder();
+void SetCurrentFolder(const String& path);
+
+// Names, sorted, without "." and "..".
+std::vector<String> SubFolders(const String& path);
+std::vector<String> FilesIn(const String& path);
+// Mount points that a user may want to go to: the root, the home folder, mounted volumes.
+std::vector<String> Volumes();
+String HomeFolder();
+// Empty when it is not set.
+String Environment(const char* name);
+// The folder of the running program.
+String ProgramFolder();
+bool CanWriteIn(const String& folder);
+
+// The path of `name` in `folder`, with one separator between them.
+String JoinPath(StringView folder, StringView name);
+// Behind the last separator.
+StringView FileNameOf(StringView path);
+// In front of the last separator; "/" for a file in the root, "." where there is none.
+String FolderOf(StringView path);
+// The path from the root on.
+String AbsolutePath(const String& path);

@@ -1,0 +1,32 @@
+#include "platform/form.h"
+
+#include "platform/window_system.h"
+
+Form::~Form() { windows_.Forget(*this); }
+
+void Form::LoadOnce() {
+  if (loaded_) return;
+  loaded_ = true;
+  Load();
+}
+
+void Form::Show() {
+  LoadOnce();
+  Visible = true;
+  windows_.Show(*this);
+}
+
+void Form::ShowModal() {
+  LoadOnce();
+  Visible = true;
+  windows_.RunModal(*this);
+}
+
+void Form::Hide() { Visible = false; }
+
+void Form::Unload() {
+  Visible = false;
+  if (!loaded_) return;
+  loaded_ = false;
+  windows_.Forget(*this);
+}

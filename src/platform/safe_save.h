@@ -1,0 +1,25 @@
+#pragma once
+// Writing over a user's file so that nothing is ever lost.
+
+#include <functional>
+#include <string_view>
+
+#include "platform/text.h"
+
+// Hands bytes to the new content, any number of times.
+using ByteSink = std::function<void(std::string_view bytes)>;
+
+// Replaces the content of a file by what `produce` hands over, or makes the file.
+//
+// The new content goes to a temporary file beside the target, is flushed to the disk and renamed
+// over the target; owner, mode and extended attributes stay, a symbolic link stays a link. Where a
+// rename would break something (several hard links, a folder that can't be written, an owner that
+// can't be kept) the old content is kept in a copy, beside the target or in `spareFolder`, and the
+// file is rewritten in place; the copy goes when that is done.
+//
+// RuntimeError when it fails: the file then holds what it held, or, if even putting that back
+// failed, the error's text names the copy.
+void SafeSave(const String& path, const std::function<void(const ByteSink&)>& produce);
+
+// Where copies are kept for files in folders that can't be written; the data folder of the program.
+void SetSpareFolder(const String& folder);

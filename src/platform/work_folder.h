@@ -1,0 +1,28 @@
+#pragma once
+// Where this process may keep its temporary files: two running programs never share them.
+
+#include <memory>
+
+#include "platform/text.h"
+
+// The first process holds a lock in the data folder and works right there. Another one gets a
+// private subfolder, removed when the object goes. Subfolders of processes that have died are
+// removed at the start.
+class WorkFolder {
+ public:
+  // Makes the data folder with mode 0700 when it is missing. RuntimeError naming it when that, or
+  // writing in it, fails.
+  explicit WorkFolder(const String& dataFolder);
+  WorkFolder(const WorkFolder&) = delete;
+  WorkFolder& operator=(const WorkFolder&) = delete;
+  ~WorkFolder();
+
+  const String& Path() const { return path_; }
+  // Whether this process is the one that holds the data folder's lock.
+  bool HoldsLock() const;
+
+ private:
+  struct State;
+  String path_;
+  std::unique_ptr<State> state_;
+};
