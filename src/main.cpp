@@ -1,1 +1,82 @@
-int main() { return 0; }
+// Chooses between a window and an unattended run, before anything of a window system is loaded.
+
+#include <iostream>
+#include <string_view>
+#include <vector>
+
+#include "core/command_line.h"
+#include "core/startup.h"
+#include "core/tool_on_files.h"
+#include "editor/messages.h"
+#include "platform/console/console_window_system.h"
+#include "platform/runtime_error.h"
+#include "platform/window_module.h"
+
+namespace {
+
+constexpr std::string_view kVersion = "WordFlurn 2.0\n";
+
+constexpr std::string_view kHelp =
+    R"(Usage: wordflurn [FILE] [SWITCHES]
+       wordflurn --tool NAME FILE...
+
+Edits plain text in a window. FILE need not exist yet.
+
+Switches, in any case:
+  /NOSPLASH     start without the splash window
+  /EOF          put the caret behind the last character
+
+Options:
+  --tool NAME   run one tool on each FILE without a window, for example
+                wordflurn --tool "All Upper Case" notes.txt
+  --help        show this help and exit
+  --version     show the version and exit
+
+WORDFLURN_HOME names the folder of the program's data.
+Exit status: 0 done, 1 refused or impossible, 2 some files failed.
+)";
+
+std::vector<String> TextOf(int argc, char** argv) {
+  std::vector<String> arguments;
+  for (int i = 1; i < argc; ++i) arguments.push_back(FromUtf8(argv[i]));
+  return arguments;
+}
+
+int RunTool(const std::vector<String>& arguments) {
+  if (arguments.size() < 3) {
+    std::cerr << "wordflurn: --tool needs the name of a tool and at least one file\n";
+    return 1;
+  }
+  return RunToolOnFiles(arguments[1], std::span(arguments).subspan(2));
+}
+
+int RunInWindow(int argc, char** argv, const std::vector<String>& arguments) {
+  const auto windows = LoadWindowSystem(argc, argv);
+  try {
+    return Main(*windows, JoinArguments(arguments));
+  } catch (const RuntimeError& error) {
+    std::cerr << "wordflurn: " << error.what() << '\n';
+    Messages(*windows).Notice(FromUtf8(error.what()));
+    return 1;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string_view option = argc > 1 ? argv[1] : "";
+  if (option == "--version") return std::cout << kVersion << std::flush ? 0 : 1;
+  if (option == "--help") return std::cout << kHelp << std::flush ? 0 : 1;
+  try {
+    const std::vector<String> arguments = TextOf(argc, argv);
+    if (option == "--tool") return RunTool(arguments);
+    if (option.starts_with("--")) {
+      std::cerr << "wordflurn: unknown option " << option << "; see wordflurn --help\n";
+      return 1;
+    }
+    return RunInWindow(argc, argv, arguments);
+  } catch (const std::exception& error) {
+    std::cerr << "wordflurn: " << error.what() << '\n';
+    return 1;
+  }
+}

@@ -1,0 +1,73 @@
+#pragma once
+// The main window and application object: it owns the document, the shared fields and the windows,
+// and wires menus, buttons and status bar to what they do.
+
+#include <memory>
+
+#include "core/main_menu.h"
+#include "core/options.h"
+#include "core/status_line.h"
+#include "editor/document.h"
+#include "tools/tool_context.h"
+
+class ChangeCase : public Form, private DocumentHost {
+ public:
+  // The data folder is `appFolder`, temporary files go to `workFolder`.
+  ChangeCase(WindowSystem& windows, const String& appFolder, const String& workFolder,
+             const String& commandLine);
+  ~ChangeCase() override;
+
+  Layout Content() override;
+  Frame Style() const override { return Frame::Main; }
+  std::vector<MenuItem*> Menus() override { return Menu.Menus(); }
+  void CloseByFrame() override { Exit(); }
+  void DropFiles(const std::vector<String>& paths) override;
+
+  // Ends the program unless the user wants to go on.
+  void Exit();
+  // Wraps a tool's run, so that its whole change is one step of undo.
+  void UndoStop();
+  void UndoStart();
+  void UndoCancel();
+
+  SharedFields Fields;
+
+ private:
+  std::unique_ptr<RichTextBox> richTextBox1_;
+  std::unique_ptr<RichTextBox> richTextBox2_;
+  std::unique_ptr<CommonDialog> commonDialog1_;
+
+ public:
+  // The editor, and a hidden control that carries the printing font.
+  ::RichTextBox& RichTextBox1;
+  ::RichTextBox& RichTextBox2;
+  CommonDialog& CommonDialog1;
+  ::Messages Messages;
+  ::Document Document;
+  MainMenu Menu;
+  ToolBar Picture1;
+  CommandButton Command1;  // open
+  CommandButton Command2;  // new
+  CommandButton Command3;  // save
+  CommandButton Command7;  // undo
+  StatusLine Status;
+
+ protected:
+  void Load() override;
+
+ private:
+  void ApplyOptions() override;
+  void StartAnew() override {}
+  void Tell(StringView message) override { Status.Bar.Message = String(message); }
+  void DocumentChanged() override;
+
+  void WireMenus();
+  void WireToolBar();
+  void Use(const Options& options);
+  void ToggleWordWrap();
+  void RunTool(const Tool& tool);
+  void RefuseOnEncryptedText();
+  void ShowCustomTools();
+  void OpenCommandLine();
+  ToolContext Context();
+};

@@ -1,0 +1,19 @@
+#pragma once
+// The command line: one string with a file name in front and switches behind.
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "platform/text.h"
+
+// The arguments joined by blanks. An argument that holds what looks like a switch in the middle,
+// such as a path with a folder "eof", is put into double quotes.
+String JoinArguments(std::span<const String> arguments);
+
+// Where a switch begins, such as u"/EOF" in any case, outside double quotes.
+std::optional<std::size_t> FindSwitch(StringView commandLine, StringView name);
+bool HasSwitch(StringView commandLine, StringView name);
+
+// The text in front of the first switch, trimmed, without the double quotes round it.
+String FileArgument(StringView commandLine);

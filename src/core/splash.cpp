@@ -1,0 +1,10 @@
+#include "core/splash.h"
+
+frmSplash::frmSplash(WindowSystem& windows) : Form(windows) {
+  Caption = u"WordFlurn";
+  Image1.Icon = u"application";
+  Label1.Caption = u"WordFlurn";
+  Label2.Caption = u"Version 2.0";
+}
+
+Layout frmSplash::Content() { return Row({Image1, Column({Label1, Label2})}); }

@@ -1,0 +1,15 @@
+#pragma once
+// Shown while the program starts.
+
+#include "platform/form.h"
+
+class frmSplash : public Form {
+ public:
+  explicit frmSplash(WindowSystem& windows);
+  Layout Content() override;
+  Frame Style() const override { return Frame::Splash; }
+
+  Image Image1;
+  Label Label1;
+  Label Label2;
+};

@@ -1,0 +1,31 @@
+#include "core/startup.h"
+
+#include "core/change_case.h"
+#include "core/command_line.h"
+#include "core/data_files.h"
+#include "core/splash.h"
+#include "platform/safe_save.h"
+#include "platform/work_folder.h"
+
+namespace {
+
+constexpr int kSplashMilliseconds = 300;
+
+}  // namespace
+
+int Main(WindowSystem& windows, const String& commandLine) {
+  const String appFolder = FindAppFolder();
+  const WorkFolder workFolder(appFolder);
+  SetSpareFolder(appFolder);
+  ChangeCase app(windows, appFolder, workFolder.Path(), commandLine);
+  if (HasSwitch(commandLine, u"/NOSPLASH")) {
+    app.Show();
+  } else {
+    frmSplash splash(windows);
+    splash.Show();
+    windows.Wait(kSplashMilliseconds);
+    app.Show();
+    splash.Unload();
+  }
+  return windows.Run();
+}

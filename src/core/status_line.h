@@ -1,0 +1,30 @@
+#pragma once
+// The main window's status bar: where the caret is, what is selected, and how the next save writes
+// the file.
+
+#include <array>
+
+#include "core/shared_fields.h"
+#include "editor/document.h"
+#include "platform/bars.h"
+
+class StatusLine {
+ public:
+  StatusLine(const SharedFields& fields, const RichTextBox& editor, Document& document);
+
+  void ShowCaret();
+  void ShowFormat();
+
+  StatusBar Bar;
+  StatusPanel Position;
+  StatusPanel Selected;
+  StatusPanel EncodingPanel;
+  StatusPanel LineEndsPanel;
+  // The choices of the last two panels, in the order shown.
+  std::array<MenuItem, 5> EncodingChoices;
+  std::array<MenuItem, 2> LineEndsChoices;
+
+ private:
+  const SharedFields& fields_;
+  const RichTextBox& editor_;
+};

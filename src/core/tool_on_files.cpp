@@ -1,0 +1,66 @@
+#include "core/tool_on_files.h"
+
+#include <iostream>
+#include <vector>
+
+#include "core/data_files.h"
+#include "platform/byte_file.h"
+#include "platform/console/console_window_system.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "platform/safe_save.h"
+#include "platform/work_folder.h"
+#include "tools/catalogue.h"
+
+namespace {
+
+constexpr std::size_t kBlock = 1 << 18;
+
+void CopyOver(const String& from, const String& to) {
+  SafeSave(to, [&from](const ByteSink& sink) {
+    InputFile file(from);
+    std::vector<char> block(kBlock);
+    while (const std::size_t size = file.Read(block.data(), block.size()))
+      sink({block.data(), size});
+  });
+}
+
+void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
+  SharedFields& fields = context.Fields;
+  fields.BatchCurrentFile = file;
+  fields.InputFileNum = std::make_unique<TextReader>(file);
+  tool.Run(context);
+  fields.InputFileNum.reset();
+  CopyOver(fields.TempFile1, file);
+}
+
+}  // namespace
+
+int RunToolOnFiles(const String& toolName, std::span<const String> files) {
+  const Tool* tool = FindTool(toolName);
+  if (tool == nullptr || tool->Run == nullptr) {
+    std::cerr << "wordflurn: there is no tool named \"" << ToUtf8(toolName) << "\"\n";
+    return 1;
+  }
+  const String appFolder = FindAppFolder();
+  const WorkFolder workFolder(appFolder);
+  SetSpareFolder(appFolder);
+  ConsoleWindowSystem windows;
+  SharedFields fields;
+  SetDataPaths(fields, appFolder, workFolder.Path());
+  fields.BatchMode = true;
+  Messages messages(windows);
+  const auto editor = windows.CreateRichTextBox();
+  ToolContext context{fields, *editor, messages, windows};
+  int status = 0;
+  for (const String& file : files) {
+    try {
+      RunOnFile(context, *tool, file);
+    } catch (const RuntimeError& error) {
+      std::cerr << "wordflurn: " << error.what() << '\n';
+      status = 2;
+    }
+  }
+  DeleteTemporaryFiles(fields);
+  return status;
+}

@@ -1,0 +1,30 @@
+#include "custom/custom_tool_names.h"
+
+#include "platform/runtime_error.h"
+#include "platform/text_file.h"
+
+namespace {
+
+// The number in a line "Tool1:" to "Tool8:"; 0 for any other line.
+int ToolNumber(StringView line) {
+  constexpr StringView kKey = u"Tool";
+  if (line.size() != kKey.size() + 2 || !line.starts_with(kKey) || line.back() != u':') return 0;
+  const int number = line[kKey.size()] - u'0';
+  return number >= 1 && number <= kMostCustomTools ? number : 0;
+}
+
+}  // namespace
+
+std::map<int, String> ReadCustomToolNames(const String& path) {
+  std::map<int, String> names;
+  try {
+    const std::vector<String> lines = ReadDataFile(path);
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+      // The line behind a key is a name, whatever it looks like.
+      if (const int number = ToolNumber(lines[i])) names[number] = ProperCase(lines[++i]);
+    }
+  } catch (const RuntimeError&) {
+    names.clear();
+  }
+  return names;
+}

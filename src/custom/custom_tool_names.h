@@ -1,0 +1,12 @@
+#pragma once
+// The names of the custom tools, for the menu.
+
+#include <map>
+
+#include "platform/text.h"
+
+inline constexpr int kMostCustomTools = 8;
+
+// The names in a custom tool file by the tools' numbers, 1 to 8, in proper case. A name that stands
+// under a number twice counts as it stands last. An unreadable file has none.
+std::map<int, String> ReadCustomToolNames(const String& path);

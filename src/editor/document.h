@@ -1,0 +1,69 @@
+#pragma once
+// The one document: New, Open, Save, Save As and leaving it, with their prompts and titles.
+
+#include "core/shared_fields.h"
+#include "editor/messages.h"
+#include "editor/titles.h"
+#include "platform/common_dialog.h"
+#include "platform/rich_text_box.h"
+
+// What the document needs of the application around it.
+class DocumentHost {
+ public:
+  virtual ~DocumentHost() = default;
+  // Puts the options' fonts and folders back after the text was replaced.
+  virtual void ApplyOptions() = 0;
+  // The undo engine and Find begin anew with the text as it stands.
+  virtual void StartAnew() = 0;
+  // Something the user should know that is not worth a window.
+  virtual void Tell(StringView message) = 0;
+  // The document's file, its format or its state has another value.
+  virtual void DocumentChanged() = 0;
+};
+
+class Document {
+ public:
+  Document(SharedFields& fields, RichTextBox& editor, CommonDialog& dialog, Messages& messages,
+           Property<String>& title, DocumentHost& host);
+
+  void New();
+  // Asks for a file and opens it.
+  void BOpenFile();
+  // Opens a file that was dropped on the window.
+  void OpenDropped(const String& path);
+  // Opens the file named on the command line: the path stands in the title. RuntimeError when it
+  // can't be read; the document has not changed then.
+  void OpenNamed(const String& path);
+  // An untitled document that the first Save writes to this path.
+  void NewNamed(const String& path);
+  void BSaveFile();
+  void SaveAs();
+  // Asks about unsaved changes. False: the user goes on with this document.
+  bool MayExit();
+
+  // The editor's text has changed.
+  void TextHasChanged();
+  // What the next save writes. The choice of a line end also makes an LF alone in the text a line
+  // end, so that the file has one kind only.
+  void ChooseEncoding(Encoding encoding, bool mark);
+  void ChooseLineEnds(LineEnds lineEnds);
+
+ private:
+  bool MayLeave(StringView question);
+  void Relock();
+  void OpenChosen();
+  void Load();
+  void ShowFileState(StringView name);
+  void ShowSavedState(StringView text);
+  void SetTitle(TitleState state, StringView name);
+  // The short name of the file where a dialog gave it, else its path.
+  StringView ShownName() const;
+  void Save();
+
+  SharedFields& fields_;
+  RichTextBox& editor_;
+  CommonDialog& dialog_;
+  Messages& messages_;
+  Property<String>& title_;
+  DocumentHost& host_;
+};

@@ -1,0 +1,19 @@
+#pragma once
+// How every part of the program speaks to the user.
+
+#include "editor/notice1.h"
+#include "editor/question1.h"
+#include "editor/working.h"
+
+class Messages {
+ public:
+  explicit Messages(WindowSystem& windows);
+
+  // Shows a message and returns when the user has read it.
+  void Notice(StringView message);
+  Answer Ask(StringView question);
+
+  ::Notice1 Notice1;
+  ::Question1 Question1;
+  ::Working Working;
+};

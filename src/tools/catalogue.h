@@ -1,0 +1,42 @@
+#pragma once
+// The one list of all tools. Menus, the lists of stored steps and the dispatchers are made from it.
+
+#include <span>
+
+#include "tools/tool_context.h"
+
+enum class ToolGroup {
+  CarriageReturns,
+  Capitalization,
+  LineSpacing,
+  AlterCharacters,
+  HtmlConversion,
+  TopOfTools,
+  CustomAndBatchOnly,
+};
+
+struct Tool {
+  ToolGroup Group;
+  // On the menu; empty for a tool that has no entry of its own.
+  StringView Caption;
+  // In custom tools and batch settings; compared as it stands.
+  StringView StoredName;
+  // Runs the tool on what BatchMode selects; null while the tool is not there yet.
+  void (*Run)(ToolContext&);
+};
+
+// An empty step of a custom tool or of the batch.
+inline constexpr StringView kNoTool = u"None Selected";
+
+// In menu order.
+std::span<const Tool> Catalogue();
+// Null when no tool has this stored name.
+const Tool* FindTool(StringView storedName);
+
+struct ToolMenuGroup {
+  ToolGroup Group;
+  // Of the submenu; empty where the entries stand in the Tools menu itself.
+  StringView Caption;
+};
+// The parts of the Tools menu, in order.
+std::span<const ToolMenuGroup> ToolMenuGroups();

@@ -1,0 +1,56 @@
+#include "tools/selection.h"
+
+#include <algorithm>
+
+namespace {
+
+// Whether the text ends in one line end and not in an empty line. A place in front of the text
+// holds neither CR nor LF.
+bool EndsInOneLineEnd(StringView text) {
+  const auto at = [text](std::size_t fromEnd) {
+    return fromEnd <= text.size() ? text[text.size() - fromEnd] : u'\0';
+  };
+  return at(2) == kCr && at(3) != kLf;
+}
+
+}  // namespace
+
+void ToolSelection::SelectedTextBeforeTool(ToolContext& context, bool& keepLineEnd) {
+  SharedFields& fields = context.Fields;
+  RichTextBox& editor = context.RichTextBox1;
+  wholeText_ = editor.Text();
+  fields.ToolOnSelection = editor.SelLength() > 0;
+  if (!fields.ToolOnSelection) return;
+  fields.ToolSelStart = editor.SelStart();
+  fields.ToolSelEnd = fields.ToolSelStart + editor.SelLength();
+  const String selected = editor.SelText();
+  editor.SetText(selected);
+  fields.SelectionCrLfFlag = EndsInOneLineEnd(selected);
+  if (keepLineEnd) {
+    fields.SelectionCrLfFlag = true;
+    keepLineEnd = false;
+  }
+}
+
+void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
+  const SharedFields& fields = context.Fields;
+  RichTextBox& editor = context.RichTextBox1;
+  if (!fields.ToolOnSelection) {
+    wholeText_ = {};
+    return;
+  }
+  String result = editor.Text();
+  // Cut the line end that the tool's line printing added.
+  if (!fields.SelectionCrLfFlag)
+    result.resize(result.size() - std::min<std::size_t>(2, result.size()));
+  const StringView whole = wholeText_;
+  String text(whole.substr(0, fields.ToolSelStart));
+  text += result;
+  if (fields.ToolSelEnd < whole.size()) text += whole.substr(fields.ToolSelEnd);
+  editor.SetText(text);
+  const std::size_t place = InStr(text, result);
+  editor.SetSelStart(place == 0 ? 0 : place - 1);
+  editor.SetSelLength(result.size());
+  editor.Refresh();
+  wholeText_ = {};
+}

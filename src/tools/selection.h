@@ -1,0 +1,21 @@
+#pragma once
+// How a tool works on a selection without knowing of it: the selection is made to look like the
+// whole text.
+
+#include "tools/tool_context.h"
+
+class ToolSelection {
+ public:
+  // The tool sees the selection, where there is one, as its whole text from here on. Tools that
+  // never add a line end of their own pass true, and nothing is cut off afterwards; the argument is
+  // then set to false.
+  void SelectedTextBeforeTool(ToolContext& context, bool& keepLineEnd);
+  // Puts what the tool made of the selection back into the whole text, and selects it.
+  void SelectedTextAfterTool(ToolContext& context);
+
+  // The text before the tool, kept in memory: a full disk must not cost the rest of the text.
+  const String& WholeText() const { return wholeText_; }
+
+ private:
+  String wholeText_;
+};

@@ -1,0 +1,143 @@
+// What stands after the start: paths, options, custom tools, work files.
+
+#include "core/command_line.h"
+#include "core/data_files.h"
+#include "support/app_fixture.h"
+
+namespace {
+
+class StartTest : public AppTest {};
+
+TEST_F(StartTest, WorkFilesOfAnEarlierRunAreGone) {
+  const StringView names[] = {u"WFTEMP1.DAT", u"WFTEMP2.DAT", u"WFTEMP3.DAT",
+                              u"WFTEMP4.DAT", u"WFTEMP5.DAT", u"WFHTMLTEMP.html"};
+  for (const StringView name : names) Data.Put(name, "left over");
+  Start();
+  for (const StringView name : names) EXPECT_FALSE(FileExists(Data / name));
+  for (const StringView name : names) Data.Put(name, "of this run");
+  App().Menu.ExitMenu.Click();
+  for (const StringView name : names) EXPECT_FALSE(FileExists(Data / name));
+  EXPECT_EQ(Windows.QuitStatus, 0);
+}
+
+TEST(DataPaths, NoSeparatorIsDoubled) {
+  SharedFields fields;
+  SetDataPaths(fields, u"/", u"/");
+  EXPECT_EQ(fields.OptionsFile, u"/FLURNOPT.DAT");
+  EXPECT_EQ(fields.TempFile1, u"/WFTEMP1.DAT");
+  SetDataPaths(fields, u"/home/me", u"/home/me/WFTEMP-7");
+  EXPECT_EQ(fields.CustomToolFile, u"/home/me/FLURNCUS.DAT");
+  EXPECT_EQ(fields.TempFile5, u"/home/me/WFTEMP-7/WFTEMP5.DAT");
+}
+
+TEST_F(StartTest, CustomToolsStandOnTheMenu) {
+  struct Case {
+    const char* Name;
+    std::string File;
+    std::vector<std::pair<int, StringView>> Shown;
+    int Count;
+  };
+  const Case cases[] = {
+      {"none", "", {}, 0},
+      {"two",
+       "Tool1:\r\nmy FIRST tool\r\nx\r\nTool2:\r\nb\r\n",
+       {{1, u"My First Tool"}, {2, u"B"}},
+       2},
+      {"third alone", "Tool3:\nclean\n", {{3, u"Clean"}}, 3},
+      {"no such number", "Tool0:\nx\nTool9:\nx\ntool1:\nx\nTool1: \nx\n", {}, 0},
+      {"name that looks like a key", "Tool1:\nTool2:\nTool3:\nz\n", {{1, u"Tool2:"}, {3, u"Z"}}, 3},
+      {"cut off behind the key", "Tool1:\na\nTool2:", {{1, u"A"}}, 1},
+      {"no text at all", std::string("\xFF\xFE\0Tool1:\0\x80\r\n\r\r\n", 18), {}, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.Name);
+    Data.Put(u"FLURNCUS.DAT", c.File);
+    Start();
+    std::vector<std::pair<int, StringView>> shown;
+    for (int i = 0; i < kMostCustomTools; ++i) {
+      const MenuItem& item = App().Menu.CustMenus[i];
+      if (item.Visible) shown.emplace_back(i + 1, item.Caption.Get());
+    }
+    EXPECT_EQ(shown, c.Shown);
+    EXPECT_EQ(App().Fields.CustomToolCount, c.Count);
+  }
+}
+
+TEST_F(StartTest, OptionsOrTheDefaults) {
+  const String header = Files.Put(u"header.html", "<html>");
+  const std::string folder = ToUtf8(Files.Path());
+  const std::string good = "Courier\r\n10\r\nTrue\r\nArial\r\n9\r\nFalse\r\n" + folder + "\r\n" +
+                           ToUtf8(header) + "\r\n\r\n";
+  struct Case {
+    const char* Name;
+    std::string File;
+    bool Good;
+  };
+  const Case cases[] = {
+      {"good", good, true},
+      {"good with LF",
+       "Courier\n10\nTrue\nArial\n9\nFalse\n" + folder + "\n" + ToUtf8(header) + "\n\n", true},
+      {"empty", "", false},
+      {"eight lines", good.substr(0, good.size() - 2), false},
+      {"no number", "Courier\nten\nTrue\nArial\n9\nFalse\n\n\n\n", false},
+      {"folder gone", "Courier\n10\nTrue\nArial\n9\nFalse\n/no/such\n\n\n", false},
+      {"footer gone", "Courier\n10\nTrue\nArial\n9\nFalse\n\n\n/no/such\n", false},
+      {"random bytes", std::string("\0\x80\xFF\r\r\n\xC3\x28\n\n\n\n\n\n\n\n\n", 17), false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.Name);
+    Data.Put(u"FLURNOPT.DAT", c.File);
+    const String here = CurrentFolder();
+    ChangeCase& app = Start();
+    EXPECT_EQ(CurrentFolder(), here);
+    EXPECT_EQ(app.RichTextBox1.Font.Get(),
+              c.Good ? (TextFont{u"Courier", 10, true}) : (TextFont{u"Terminal", 12, false}));
+    EXPECT_EQ(app.RichTextBox2.Font.Get(),
+              c.Good ? (TextFont{u"Arial", 9, false}) : (TextFont{u"Times New Roman", 14, false}));
+    EXPECT_EQ(app.Fields.DefaultHeaderFile, c.Good ? header : u"");
+    EXPECT_EQ(app.Fields.ViewFontSize, c.Good ? 10 : 12);
+    if (c.Good) {
+      EXPECT_EQ(app.CommonDialog1.InitDir, Files.Path());
+    }
+    EXPECT_FALSE(app.Fields.TextChanged);
+    EXPECT_TRUE(Windows.Notices.empty());
+  }
+}
+
+TEST(CommandLine, FileStandsInFrontOfTheSwitches) {
+  struct Case {
+    std::vector<String> Arguments;
+    StringView File;
+    bool Eof;
+  };
+  const Case cases[] = {
+      {{}, u"", false},
+      {{u"a.txt"}, u"a.txt", false},
+      {{u"my", u"notes.txt", u"/eof"}, u"my notes.txt", true},
+      {{u"my notes.txt", u"/EOF/NOSPLASH"}, u"my notes.txt", true},
+      {{u"\"quoted.txt\"", u"/NOSPLASH"}, u"quoted.txt", false},
+      {{u"/srv/eof/a.txt"}, u"/srv/eof/a.txt", false},
+      {{u"/srv/eof/a.txt", u"/EOF"}, u"/srv/eof/a.txt", true},
+      {{u"/NOSPLASH"}, u"", false},
+      {{u"  a.txt  /EoF"}, u"a.txt", true},
+  };
+  for (const Case& c : cases) {
+    const String line = JoinArguments(c.Arguments);
+    SCOPED_TRACE(ToUtf8(line));
+    EXPECT_EQ(FileArgument(line), c.File);
+    EXPECT_EQ(HasSwitch(line, u"/EOF"), c.Eof);
+  }
+}
+
+TEST_F(StartTest, WordWrapIsOnAndCanBeTurnedOff) {
+  ChangeCase& app = Start();
+  EXPECT_TRUE(app.Menu.HorizWordWrapMenu.Checked);
+  EXPECT_EQ(app.RichTextBox1.RightMargin.Get(), 0);
+  app.Menu.HorizWordWrapMenu.Click();
+  EXPECT_FALSE(app.Menu.HorizWordWrapMenu.Checked);
+  EXPECT_EQ(app.RichTextBox1.RightMargin.Get(), 400000);
+  app.Menu.HorizWordWrapMenu.Click();
+  EXPECT_EQ(app.RichTextBox1.RightMargin.Get(), 0);
+}
+
+}  // namespace

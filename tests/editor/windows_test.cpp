@@ -1,0 +1,112 @@
+// The small windows that every part speaks through.
+
+#include <gtest/gtest.h>
+
+#include "editor/browse_folders.h"
+#include "editor/working2.h"
+#include "editor/working_run.h"
+#include "platform/console/console_window_system.h"
+#include "platform/files.h"
+#include "support/print.h"
+#include "support/scripted_window_system.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+TEST(Question1, AnswersByButtonAndFrameAndStartsClean) {
+  struct Case {
+    std::function<void(Question1&)> Act;
+    Answer Expected;
+  };
+  const Case cases[] = {
+      {[](Question1& q) { q.Command1.Click(); }, Answer::Yes},
+      {[](Question1& q) { q.CloseByFrame(); }, Answer::Cancel},
+      {[](Question1& q) { q.Command2.Click(); }, Answer::No},
+      {[](Question1& q) { q.Command3.Click(); }, Answer::Cancel},
+      {[](Question1& q) { q.Command1.Click(); }, Answer::Yes},
+  };
+  ScriptedWindowSystem windows;
+  Question1 question(windows);
+  for (const Case& c : cases) {
+    question.QuestionMessage = u"Well?";
+    question.Show();
+    EXPECT_EQ(question.Label1.Caption.Get(), u"Well?");
+    EXPECT_EQ(question.Answer, Answer::Cancel);
+    c.Act(question);
+    EXPECT_FALSE(question.Visible);
+    EXPECT_EQ(question.Answer, c.Expected);
+    question.Unload();
+  }
+}
+
+TEST(Messages, WithoutAPersonNobodyWaits) {
+  ConsoleWindowSystem windows;
+  Messages messages(windows);
+  testing::internal::CaptureStderr();
+  messages.Notice(u"Told.");
+  EXPECT_EQ(messages.Ask(u"Asked?"), Answer::Cancel);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "wordflurn: Told.\nwordflurn: Asked? CANCEL\n");
+}
+
+TEST(WorkingRun, ShowsForLongTextsOnly) {
+  for (const auto& [length, shown] : {std::pair<std::size_t, bool>{45000, false}, {45001, true}}) {
+    ScriptedWindowSystem windows;
+    Messages messages(windows);
+    SharedFields fields;
+    {
+      const WorkingRun run(fields, messages, windows, length);
+      EXPECT_EQ(fields.WorkingShown, shown);
+      EXPECT_EQ(messages.Working.Visible.Get(), shown);
+      EXPECT_EQ(windows.EventTurns, shown ? 1 : 0);
+    }
+    EXPECT_FALSE(messages.Working.Visible);
+  }
+}
+
+TEST(Working2, CancelByButtonAndFrame) {
+  ScriptedWindowSystem windows;
+  Working2 working(windows);
+  for (const auto& act :
+       {+[](Working2& w) { w.Command1.Click(); }, +[](Working2& w) { w.CloseByFrame(); }}) {
+    working.Show();
+    EXPECT_FALSE(working.CancelClicked);
+    act(working);
+    EXPECT_TRUE(working.CancelClicked);
+    EXPECT_TRUE(working.Visible);
+    working.Unload();
+  }
+}
+
+TEST(BrowseFolders, PicksAFolder) {
+  TempFolder folder;
+  MakeFolder(folder / u"inner", 0700);
+  ScriptedWindowSystem windows;
+  Messages messages(windows);
+  BrowseFolders browse(windows, messages);
+  browse.StartFolder = u" " + folder.Path() + u" ";
+  windows.OnModal = [&](Form&) {
+    EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
+    EXPECT_EQ(browse.ChosenFolder, folder.Path());
+    browse.Dir1.Go(folder / u"inner");
+    browse.Command1.Click();
+  };
+  browse.ShowModal();
+  EXPECT_EQ(browse.ChosenFolder, folder / u"inner");
+
+  windows.OnModal = [&](Form&) { browse.CloseByFrame(); };
+  browse.ShowModal();
+  EXPECT_EQ(browse.ChosenFolder, u"");
+
+  windows.OnModal = [&](Form&) {
+    const String drive = browse.Drive1.Drive;
+    browse.Drive1.Drive = folder / u"no disk";
+    EXPECT_EQ(browse.Drive1.Drive.Get(), drive);
+    EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
+    browse.Command2.Click();
+  };
+  browse.ShowModal();
+  EXPECT_EQ(windows.Notices,
+            std::vector{String(u" There is no disk in the drive / device unavailable.")});
+}
+
+}  // namespace

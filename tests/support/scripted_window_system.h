@@ -1,0 +1,58 @@
+#pragma once
+// A window system whose user is the test. Notices are recorded and answered by OK, questions by the
+// next of `Answers`, other modal windows by `OnModal`. The clock moves only by Advance and Wait.
+
+#include <deque>
+#include <list>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "editor/question1.h"
+#include "platform/window_system.h"
+
+class ScriptedWindowSystem : public WindowSystem {
+ public:
+  std::vector<String> Notices;
+  std::vector<String> Questions;
+  std::deque<Answer> Answers;
+  std::function<void(Form&)> OnModal;
+  // The next file that the user chooses; none is Cancel.
+  std::optional<String> ChosenFile;
+  // The dialogs that were shown, by their titles.
+  std::vector<String> Dialogs;
+  std::optional<int> QuitStatus;
+  // Every showing of a window that does not wait, by its caption.
+  std::vector<String> Shown;
+  int EventTurns = 0;
+  int Dpi = 96;
+
+  void Advance(int milliseconds);
+
+  void Show(Form& form) override;
+  void RunModal(Form& form) override;
+  void Forget(Form&) override {}
+  void DoEvents() override { ++EventTurns; }
+  void Wait(int milliseconds) override { Advance(milliseconds); }
+  int Run() override { return QuitStatus.value_or(0); }
+  void Quit(int status) override { QuitStatus = status; }
+  bool Attended() const override { return true; }
+  int ScreenFontSize() const override { return Dpi; }
+  std::unique_ptr<Timer> CreateTimer() override;
+  std::unique_ptr<RichTextBox> CreateRichTextBox() override;
+  std::unique_ptr<CommonDialog> CreateCommonDialog() override;
+  ::Clipboard& Clipboard() override { return clipboard_; }
+
+ private:
+  class ScriptedTimer;
+  struct ScriptedClipboard : ::Clipboard {
+    bool HasText() const override { return !Content.empty(); }
+    String GetText() const override { return Content; }
+    void SetText(StringView text) override { Content = text; }
+    void Clear() override { Content.clear(); }
+    String Content;
+  };
+
+  std::set<ScriptedTimer*> timers_;
+  ScriptedClipboard clipboard_;
+};
