@@ -34,6 +34,21 @@ Signal::Observer Run(const std::function<void()>& handler) {
 
 TextBox::TextBox() : changed_(Text.Observe(Run(OnChange))) {}
 
+String TextBox::SelText() const {
+  const StringView text = Text.Get();
+  return String(text.substr(std::min(static_cast<std::size_t>(SelStart.Get()), text.size()),
+                            static_cast<std::size_t>(SelLength.Get())));
+}
+
+void TextBox::SetSelText(StringView put) {
+  String text = Text;
+  const std::size_t start = std::min(static_cast<std::size_t>(SelStart.Get()), text.size());
+  text.replace(start, static_cast<std::size_t>(SelLength.Get()), put);
+  Text = std::move(text);
+  SelLength = 0;
+  SelStart = static_cast<int>(start + put.size());
+}
+
 CheckBox::CheckBox() : changed_(Value.Observe(Run(OnClick))) {}
 
 OptionButton::OptionButton()

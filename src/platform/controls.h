@@ -67,6 +67,9 @@ struct TextBox : Control {
     SelStart = 0;
     SelLength = static_cast<int>(Text.Get().size());
   }
+  String SelText() const;
+  // Replaces the selection; the caret then stands behind the text put in.
+  void SetSelText(StringView text);
   // Lines of a multi-line box are parted by CR LF.
   Property<String> Text;
   Property<int> SelStart{0};

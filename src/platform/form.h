@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/bars.h"
+#include "platform/key_event.h"
 #include "platform/layout.h"
 
 class WindowSystem;
@@ -46,6 +47,8 @@ class Form {
     CloseByFrame();
     return {};
   }
+  // A key on its way to a control of the window. Swallowed when it is set to handled.
+  virtual void KeyDown(KeyEvent& key) { (void)key; }
   // Files dropped on the window.
   virtual void DropFiles(const std::vector<String>& paths) { (void)paths; }
 
@@ -54,6 +57,8 @@ class Form {
   Property<String> Caption;
   // Read it; Show, Hide and Unload write it.
   Property<bool> Visible{false};
+  // The control that has the keyboard; null when none has.
+  Property<Control*> ActiveControl{nullptr};
   // Wished width and height of the inner area in characters and lines of the system font; 0 is as
   // small as the controls allow.
   int Columns = 0;

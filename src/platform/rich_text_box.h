@@ -8,8 +8,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 
+#include "platform/bars.h"
 #include "platform/controls.h"
+#include "platform/key_event.h"
 #include "platform/text_format.h"
 
 struct TextFont {
@@ -47,7 +50,16 @@ class RichTextBox : public Control {
 
   // Where the caret is: the end of the selection that moves.
   virtual TextPlace Caret() const = 0;
+  // The line at the top, counted from 0.
+  virtual std::size_t FirstVisibleLine() const = 0;
+  virtual void SetFirstVisibleLine(std::size_t line) = 0;
+  // While it is off, changes are not drawn.
+  virtual void SetRedraw(bool on) = 0;
   virtual void Refresh() = 0;
+
+  // The text, read once after each change however often it is asked for. Holds for as long as the
+  // caller keeps it.
+  std::shared_ptr<const String> SharedText() const;
 
   // Puts in the text of a file and returns how the file holds it. RuntimeError, and the text stays.
   TextFormat LoadFile(const String& path);
@@ -60,7 +72,20 @@ class RichTextBox : public Control {
   Property<int> RightMargin{0};
   Property<TextFont> Font;
 
-  // Any change of the text, by the user or the program.
+  // Any change of the text, by the user or the program. A change that moves the caret is told by
+  // OnSelChange first.
   std::function<void()> OnChange;
   std::function<void()> OnSelChange;
+  // A key or a mouse button goes down in the control, before it has any effect.
+  std::function<void(KeyEvent&)> OnKeyDown;
+  std::function<void()> OnMouseDown;
+  // What the right mouse button opens; empty for the control's own menu.
+  std::vector<MenuItem*> ContextMenu;
+
+ protected:
+  // For implementations: the text is no longer what it was, before OnChange is called.
+  void TextIsAnother() { sharedText_.reset(); }
+
+ private:
+  mutable std::shared_ptr<const String> sharedText_;
 };

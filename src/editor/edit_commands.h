@@ -1,0 +1,49 @@
+#pragma once
+// Cut, copy, paste and their like, on the editor or on the text box that has the keyboard.
+
+#include "core/shared_fields.h"
+#include "editor/messages.h"
+#include "platform/key_event.h"
+#include "platform/window_system.h"
+
+class EditCommands {
+ public:
+  // `activeControl` is the control that has the keyboard; the editor counts when it is no text box.
+  EditCommands(WindowSystem& windows, RichTextBox& editor, const Property<Control*>& activeControl,
+               Messages& messages);
+
+  // Each refuses an encrypted text with a notice.
+  void Cut();
+  void Copy();
+  void CopyAll();
+  void Paste();
+  void Delete();
+
+  void SelectAll();
+  // Without the refusal.
+  void CutText();
+  void CopyText();
+  void PasteText();
+
+  // Ctrl+V on its way to the control: leaves plain text alone on the clipboard, so that nothing else
+  // can be pasted.
+  void BeforeKeyPaste();
+
+  // Pasted text may be encrypted; set by the owner.
+  std::function<void()> CheckSetLock;
+
+ private:
+  bool Refused(StringView message);
+  // The text box that has the keyboard, if one has.
+  TextBox* ActiveTextBox() const;
+  String SelectedText() const;
+  void ReplaceSelection(StringView text);
+
+  WindowSystem& windows_;
+  RichTextBox& editor_;
+  const Property<Control*>& activeControl_;
+  Messages& messages_;
+  // Puts the clipboard back after a key paste.
+  std::unique_ptr<Timer> timer1_;
+  String clipboardKeep_;
+};
