@@ -12,6 +12,10 @@ constexpr StringView kNoToolsOnEncryptedText =
     u"This text has been encrypted and no tools may be run on it until after it is decrypted.";
 // Wide enough that no line is ever wrapped.
 constexpr int kNoWrap = 400000;
+constexpr int kTypingPauseMilliseconds = 1000;
+constexpr StringView kUndoBroken =
+    u"An serious system error occurred that prevents this function from working correctly. The "
+    u"undo edit and redo edit options have been disabled.";
 
 }  // namespace
 
@@ -26,23 +30,46 @@ ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const Str
       CommonDialog1(*commonDialog1_),
       Messages(windows),
       Document(Fields, RichTextBox1, CommonDialog1, Messages, Caption, *this),
-      Status(Fields, RichTextBox1, Document) {
+      Status(Fields, RichTextBox1, Document),
+      Edit(windows, RichTextBox1, ActiveControl, Messages),
+      Find(RichTextBox1, Messages),
+      UndoEdit(windows, Fields) {
   SetDataPaths(Fields, appFolder, workFolder);
   Fields.CommandLine = commandLine;
   Columns = 100;
   Lines = 36;
+  WireEditor();
   WireMenus();
+  WireEditMenu();
   WireToolBar();
-  RichTextBox1.OnChange = [this] {
-    Document.TextHasChanged();
-    Status.Bar.Message = String();
-  };
-  RichTextBox1.OnSelChange = [this] { Status.ShowCaret(); };
 }
 
 ChangeCase::~ChangeCase() { Unload(); }
 
-Layout ChangeCase::Content() { return Column({Picture1, RichTextBox1, Status.Bar}); }
+Layout ChangeCase::Content() {
+  return Column({Picture1, RichTextBox1, Find.Layout(), Status.Bar});
+}
+
+void ChangeCase::WireEditor() {
+  RichTextBox1.OnChange = [this] {
+    Document.TextHasChanged();
+    Status.Bar.Message = String();
+    UndoEdit.ControlChanged();
+  };
+  RichTextBox1.OnSelChange = [this] {
+    Status.ShowCaret();
+    UndoEdit.SelectionChanged();
+  };
+  RichTextBox1.OnKeyDown = [this](KeyEvent& key) {
+    const bool controlAlone = key.Control && !key.Shift && !key.Alt;
+    if (controlAlone && key.Key == 'V' && !RichTextBox1.Locked) Edit.BeforeKeyPaste();
+    UndoEdit.KeyDown(key);
+  };
+  RichTextBox1.OnMouseDown = [this] { UndoEdit.MouseDown(); };
+  RichTextBox1.ContextMenu = Menu.EditMenu.Items;
+  UndoEdit.StateChanged = [this] { ShowUndoState(); };
+  Edit.CheckSetLock = [this] { Document.CheckSetLock(); };
+}
 
 void ChangeCase::WireMenus() {
   Menu.NewMenu.OnClick = [this] { Document.New(); };
@@ -66,6 +93,19 @@ void ChangeCase::WireMenus() {
   }
 }
 
+void ChangeCase::WireEditMenu() {
+  Menu.UndoEditMenu.OnClick = [this] { UndoLast(); };
+  Menu.RedoEditMenu.OnClick = [this] { UndoEdit.Redo(1); };
+  Menu.CutMenu.OnClick = [this] { Edit.Cut(); };
+  Menu.CopyMenu.OnClick = [this] { Edit.Copy(); };
+  Menu.CopyAllMenu.OnClick = [this] { Edit.CopyAll(); };
+  Menu.PasteMenu.OnClick = [this] { Edit.Paste(); };
+  Menu.DeleteMenu.OnClick = [this] { Edit.Delete(); };
+  Menu.SelectAllMenu.OnClick = [this] { Edit.SelectAll(); };
+  Menu.FindMenu.OnClick = [this] { Find.Open(); };
+  Menu.FindNextMenu.OnClick = [this] { Find.FindNext(); };
+}
+
 void ChangeCase::WireToolBar() {
   struct ToolButton {
     CommandButton& Button;
@@ -77,10 +117,15 @@ void ChangeCase::WireToolBar() {
       {Command1, u"open", u"Open (Ctrl+O)", [](ChangeCase& app) { app.Document.BOpenFile(); }},
       {Command2, u"new", u"New (Ctrl+N)", [](ChangeCase& app) { app.Document.New(); }},
       {Command3, u"save", u"Save (Ctrl+S)", [](ChangeCase& app) { app.Document.BSaveFile(); }},
-      {Command7, u"undo", u"Undo the last tool",
+      {Command9, u"copy-all", u"Copy All (F11)", [](ChangeCase& app) { app.Edit.CopyAll(); }},
+      {Command8, u"paste", u"Paste (Ctrl+V)", [](ChangeCase& app) { app.Edit.Paste(); }},
+      {Command7, u"undo", u"Undo (Ctrl+Z)",
        [](ChangeCase& app) {
          app.RichTextBox1.SetFocus();
-         PlainUndo(app.Fields, app.RichTextBox1, app.Messages, app.Windows());
+         if (app.Fields.UndoBroken)
+           PlainUndo(app.Fields, app.RichTextBox1, app.Messages, app.Windows());
+         else
+           app.UndoLast();
        }},
   };
   for (const ToolButton& tool : buttons) {
@@ -109,6 +154,8 @@ void ChangeCase::Load() {
   Status.ShowCaret();
   RichTextBox1.SetFocus();
   if (!IsBlank(Fields.CommandLine)) OpenCommandLine();
+  UndoEdit.AttachRichTextBox(RichTextBox1, kTypingPauseMilliseconds);
+  if (Fields.UndoBroken) HideUndo();
 }
 
 void ChangeCase::ShowCustomTools() {
@@ -183,12 +230,97 @@ void ChangeCase::RunTool(const Tool& tool) {
 }
 
 void ChangeCase::UndoStop() {
-  if (!IsBlank(RichTextBox1.Text())) Fields.ToolUndoPending = true;
+  if (IsBlank(*RichTextBox1.SharedText())) return;
+  Fields.ToolUndoPending = true;
+  UndoEdit.TakeUndoSnapShot();
+  UndoEdit.Suspend(true);
 }
 
-void ChangeCase::UndoStart() { Fields.ToolUndoPending = false; }
+void ChangeCase::UndoStart() {
+  UndoEdit.Suspend(false);
+  Fields.ToolUndoPending = false;
+}
 
 void ChangeCase::UndoCancel() { Fields.ToolUndoPending = false; }
+
+void ChangeCase::StartAnew() {
+  UndoEdit.Reset();
+  Find.StartAnew();
+}
+
+void ChangeCase::UndoLast() {
+  UndoEdit.Undo(1);
+  if (!Fields.UndoBroken) return;
+  Messages.Notice(kUndoBroken);
+  HideUndo();
+}
+
+void ChangeCase::HideUndo() {
+  for (MenuItem* item : {&Menu.UndoEditMenu, &Menu.RedoEditMenu, &Menu.hyphen9})
+    item->Visible = false;
+}
+
+void ChangeCase::ShowUndoState() {
+  Menu.UndoEditMenu.Enabled = UndoEdit.CanUndo();
+  Menu.RedoEditMenu.Enabled = UndoEdit.CanRedo();
+  const auto name = [](MenuItem& item, clsUndo::Kind kind, StringView edit, StringView tool) {
+    if (kind != clsUndo::kOutOfRange) item.Caption = String(kind == clsUndo::kTool ? tool : edit);
+  };
+  name(Menu.UndoEditMenu, UndoEdit.UndoKind(UndoEdit.UndoCount()), u"&Undo Edit", u"&Undo Tool");
+  name(Menu.RedoEditMenu, UndoEdit.RedoKind(UndoEdit.RedoCount()), u"&Redo Edit", u"&Redo Tool");
+}
+
+void ChangeCase::KeyDown(KeyEvent& key) {
+  // A key held down must not run a command inside itself.
+  if (Fields.ToolBusy) return;
+  Fields.ToolBusy = true;
+  key.Handled = RunKey(key);
+  Fields.ToolBusy = false;
+}
+
+bool ChangeCase::RunKey(const KeyEvent& key) {
+  const bool inPanel = Find.Owns(ActiveControl);
+  if (inPanel && key.Key == kKeyEscape) return Find.Close(), true;
+  if (inPanel && key.Key == kKeyReturn && ActiveControl == &Find.txtFindText)
+    return Find.cmdFind.Click(), true;
+
+  struct Command {
+    int Key;
+    bool Control;
+    bool Swallowed;
+    void (*Run)(ChangeCase&);
+  };
+  static constexpr Command kCommands[] = {
+      {kKeyF1 + 8, false, false, [](ChangeCase& app) { app.Menu.HorizWordWrapMenu.Click(); }},
+      {kKeyF1 + 10, false, false,
+       [](ChangeCase& app) {
+         app.Menu.SelectAllMenu.Click();
+         app.Menu.CopyMenu.Click();
+       }},
+      {'F', true, true,
+       [](ChangeCase& app) {
+         if (app.Find.IsOpen())
+           app.Find.cmdReturn.Click();
+         else
+           app.Menu.FindMenu.Click();
+       }},
+      {'T', true, true, [](ChangeCase& app) { app.Menu.FindNextMenu.Click(); }},
+      {'N', true, true, [](ChangeCase& app) { app.Menu.NewMenu.Click(); }},
+      {'O', true, true, [](ChangeCase& app) { app.Menu.OpenMenu.Click(); }},
+      {'S', true, true, [](ChangeCase& app) { app.Menu.SaveMenu.Click(); }},
+  };
+  for (const Command& command : kCommands) {
+    if (command.Key != key.Key || (command.Control && !key.Control)) continue;
+    command.Run(*this);
+    return command.Swallowed;
+  }
+  const int custom = key.Key - kKeyF1;
+  if (custom >= 0 && custom < kMostCustomTools) {
+    MenuItem& item = Menu.CustMenus[static_cast<std::size_t>(custom)];
+    if (item.Visible) item.Click();
+  }
+  return false;
+}
 
 void ChangeCase::DropFiles(const std::vector<String>& paths) {
   if (!paths.empty()) Document.OpenDropped(paths.front());

@@ -7,7 +7,10 @@
 #include "core/main_menu.h"
 #include "core/options.h"
 #include "core/status_line.h"
+#include "editor/cls_undo.h"
 #include "editor/document.h"
+#include "editor/edit_commands.h"
+#include "editor/find_panel.h"
 #include "tools/tool_context.h"
 
 class ChangeCase : public Form, private DocumentHost {
@@ -21,6 +24,7 @@ class ChangeCase : public Form, private DocumentHost {
   Frame Style() const override { return Frame::Main; }
   std::vector<MenuItem*> Menus() override { return Menu.Menus(); }
   void CloseByFrame() override { Exit(); }
+  void KeyDown(KeyEvent& key) override;
   void DropFiles(const std::vector<String>& paths) override;
 
   // Ends the program unless the user wants to go on.
@@ -50,21 +54,32 @@ class ChangeCase : public Form, private DocumentHost {
   CommandButton Command2;  // new
   CommandButton Command3;  // save
   CommandButton Command7;  // undo
+  CommandButton Command8;  // paste
+  CommandButton Command9;  // copy all
   StatusLine Status;
+  EditCommands Edit;
+  FindPanel Find;
+  clsUndo UndoEdit;
 
  protected:
   void Load() override;
 
  private:
   void ApplyOptions() override;
-  void StartAnew() override {}
+  void StartAnew() override;
   void Tell(StringView message) override { Status.Bar.Message = String(message); }
   void DocumentChanged() override;
 
+  void WireEditor();
   void WireMenus();
+  void WireEditMenu();
   void WireToolBar();
   void Use(const Options& options);
   void ToggleWordWrap();
+  bool RunKey(const KeyEvent& key);
+  void UndoLast();
+  void ShowUndoState();
+  void HideUndo();
   void RunTool(const Tool& tool);
   void RefuseOnEncryptedText();
   void ShowCustomTools();

@@ -1,23 +1,35 @@
 #include "core/main_menu.h"
 
 MainMenu::MainMenu() {
-  NewMenu.Shortcut = u"Ctrl+N";
-  OpenMenu.Shortcut = u"Ctrl+O";
-  SaveMenu.Shortcut = u"Ctrl+S";
-  HorizWordWrapMenu.Shortcut = u"F9";
+  const struct {
+    MenuItem& Item;
+    StringView Keys;
+  } shortcuts[] = {
+      {NewMenu, u"Ctrl+N"},      {OpenMenu, u"Ctrl+O"},    {SaveMenu, u"Ctrl+S"},
+      {UndoEditMenu, u"Ctrl+Z"}, {RedoEditMenu, u"Ctrl+Y"}, {CutMenu, u"Ctrl+X"},
+      {CopyMenu, u"Ctrl+C"},     {CopyAllMenu, u"F11"},    {PasteMenu, u"Ctrl+V"},
+      {DeleteMenu, u"Del"},      {SelectAllMenu, u"Ctrl+A"}, {FindMenu, u"Ctrl+F"},
+      {FindNextMenu, u"Ctrl+T"}, {HorizWordWrapMenu, u"F9"},
+  };
+  for (const auto& [item, keys] : shortcuts) item.Shortcut = String(keys);
   HorizWordWrapMenu.Checkable = true;
+  hyphen9.Separator = true;
 
   FileMenu.Items = {&NewMenu, &OpenMenu, &SaveMenu, &SaveAsMenu, Separator(), &ExitMenu};
+  EditMenu.Items = {&UndoEditMenu, &RedoEditMenu, &hyphen9,    &CutMenu,
+                    &CopyMenu,     &CopyAllMenu,  &PasteMenu,  &DeleteMenu,
+                    &SelectAllMenu, Separator(),  &FindMenu,   &FindNextMenu};
   ViewMenu.Items = {&HorizWordWrapMenu};
   BuildToolsMenu();
-  for (MenuItem& item : CustMenus) {
-    item.Visible = false;
-    CustToolsMenu.Items.push_back(&item);
+  for (std::size_t i = 0; i < CustMenus.size(); ++i) {
+    CustMenus[i].Visible = false;
+    CustMenus[i].Shortcut = u"F" + Str(static_cast<long long>(i) + 1);
+    CustToolsMenu.Items.push_back(&CustMenus[i]);
   }
 }
 
 std::vector<MenuItem*> MainMenu::Menus() {
-  return {&FileMenu, &ViewMenu, &ToolsMenu, &CustToolsMenu};
+  return {&FileMenu, &EditMenu, &ViewMenu, &ToolsMenu, &CustToolsMenu};
 }
 
 MenuItem* MainMenu::ToolMenu(StringView storedName) {

@@ -24,6 +24,19 @@ struct MainMenu {
   MenuItem SaveAsMenu{u"Save &As..."};
   MenuItem ExitMenu{u"E&xit"};
 
+  MenuItem EditMenu{u"&Edit"};
+  MenuItem UndoEditMenu{u"&Undo Edit"};
+  MenuItem RedoEditMenu{u"&Redo Edit"};
+  MenuItem hyphen9;
+  MenuItem CutMenu{u"Cu&t"};
+  MenuItem CopyMenu{u"&Copy"};
+  MenuItem CopyAllMenu{u"C&opy All"};
+  MenuItem PasteMenu{u"&Paste"};
+  MenuItem DeleteMenu{u"De&lete"};
+  MenuItem SelectAllMenu{u"Select &All"};
+  MenuItem FindMenu{u"&Find"};
+  MenuItem FindNextMenu{u"Find &Next"};
+
   MenuItem ViewMenu{u"&View"};
   MenuItem HorizWordWrapMenu{u"&Word Wrap"};
 

@@ -198,7 +198,7 @@ void Document::ShowFileState(StringView name) {
     SetTitle(TitleState::ReadOnly, name);
     fields_.ReadOnlyFile = true;
   }
-  editor_.Locked = HoldsEncryptionMarker(editor_.Text());
+  editor_.Locked = HoldsEncryptionMarker(*editor_.SharedText());
   if (!editor_.Locked) return;
   if (fields_.ReadOnlyFile) {
     fields_.ReadOnlyFile = false;
@@ -256,6 +256,15 @@ void Document::Save() {
   editor_.Locked = HoldsEncryptionMarker(text);
   SetTitle(editor_.Locked ? TitleState::Encrypted : TitleState::Plain, ShownName());
   host_.DocumentChanged();
+}
+
+void Document::CheckSetLock() {
+  if (!HoldsEncryptionMarker(*editor_.SharedText())) return;
+  editor_.Locked = true;
+  host_.StartAnew();
+  for (const String& name : {dialog_.FileTitle, dialog_.FileName}) {
+    if (title_ == TitleOf(TitleState::Plain, name)) SetTitle(TitleState::Encrypted, name);
+  }
 }
 
 bool Document::MayExit() { return MayLeave(kBeforeExit); }

@@ -41,6 +41,8 @@ class Document {
   // Asks about unsaved changes. False: the user goes on with this document.
   bool MayExit();
 
+  // Locks the text and shows it as encrypted where it holds a marker.
+  void CheckSetLock();
   // The editor's text has changed.
   void TextHasChanged();
   // What the next save writes. The choice of a line end also makes an LF alone in the text a line
