@@ -14,9 +14,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kOld(200'000, 'o');
+const std::string kOld(70'000, 'o');
 // Longer, and handed over in blocks, so that there is a moment with half of it written.
-const std::string kBlock(100'000, 'n');
+const std::string kBlock(30'000, 'n');
 const std::string kNew = kBlock + kBlock + kBlock;
 constexpr int kKilled = 99;
 
@@ -161,6 +161,26 @@ TEST_P(SafeSaveWays, WhenNothingCanBePutBackTheErrorNamesTheCopy) {
     EXPECT_TRUE(whole || Contents(folder).contains(kOld));
   }
   EXPECT_EQ(named, std::string_view(GetParam().Name).starts_with("in place"));
+}
+
+// What is on the disk at each moment depends on the order of flushes, which no other test can see.
+TEST(SafeSave, FlushesBeforeItRelies) {
+  const std::pair<const Way&, std::string> cases[]{
+      {kWays[1], "write fsync close rename open fsync close "},
+      {kWays[3], "write fsync close open fsync close write ftruncate fsync unlink close "}};
+  for (const auto& [way, order] : cases) {
+    const TestFolder folder;
+    way.Prepare(folder);
+    std::string calls, last;
+    sys::OnCall = [&](const char* name) {
+      if (name != last && (!calls.empty() || name == std::string("write")))
+        calls += last = name, calls += " ";
+      return 0;
+    };
+    SafeSave(folder / "name", ProduceNew);
+    sys::OnCall = nullptr;
+    EXPECT_EQ(calls, order);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SafeSaveWays, ::testing::ValuesIn(kWays),

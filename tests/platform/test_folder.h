@@ -5,8 +5,8 @@
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <set>
+#include <sstream>
 #include <stdlib.h>
 #include <string>
 #include <sys/wait.h>
@@ -34,8 +34,9 @@ class TestFolder {
     std::ofstream(Path / name, std::ios::binary) << content;
   }
   std::string Get(const std::string& name) const {
-    std::ifstream file(Path / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream content;
+    content << std::ifstream(Path / name, std::ios::binary).rdbuf();
+    return content.str();
   }
   std::set<std::string> Names() const {
     std::set<std::string> names;

@@ -32,12 +32,15 @@ String Resolve(const String& path) {
     if (sys::RealPath(current, real) == 0) return real;
     if (errno != ENOENT) sys::Throw(path);
     String folder;
-    if (sys::RealPath(FolderOf(current), folder) < 0) sys::Throw(path);
+    if (sys::RealPath(FolderOf(current), folder) < 0) sys::Throw(current);
     const StringView name = FileNameOf(current);
-    if (name.empty()) sys::Throw(path, path.empty() ? ENOENT : EISDIR);
+    if (name.empty()) sys::Throw(path, ENOENT);
     current = JoinPath(folder, name);
     String target;
-    if (sys::ReadLink(current, target) < 0) return current;
+    if (sys::ReadLink(current, target) < 0) {
+      if (errno == ENOENT || errno == EINVAL) return current;
+      sys::Throw(current);
+    }
     current = target.starts_with(kPathSeparator) ? target : JoinPath(folder, target);
   }
   sys::Throw(path, ELOOP);
