@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr int kSmallIcon = 16;
 constexpr int kDepthRole = Qt::UserRole;
 
 // Moves a row to the right by its depth.
@@ -52,6 +53,7 @@ class FolderList : public QListWidget {
 
 QWidget* MakeView(DriveListBox& box, Bindings& bindings) {
   auto* view = new QComboBox;
+  view->setIconSize({kSmallIcon, kSmallIcon});
   const auto show = [&box, view] {
     const auto& list = box.List.Get();
     const auto found = std::find(list.begin(), list.end(), box.Drive.Get());
@@ -79,6 +81,8 @@ QWidget* MakeView(DriveListBox& box, Bindings& bindings) {
 
 QWidget* MakeView(DirListBox& box, Bindings& bindings) {
   auto* view = new FolderList;
+  view->setIconSize({kSmallIcon, kSmallIcon});
+  view->setSpacing(1);
   view->setItemDelegate(new IndentedRow(view));
   const auto showPath = [&box, view] {
     const auto& rows = box.Rows.Get();

@@ -19,6 +19,7 @@ class RowsBinding {
     rows_ = new ListRows(view_);
     view_->setModel(rows_);
     view_->setUniformItemSizes(true);
+    view_->setSpacing(1);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view_->setSelectionMode(marks == ListBox::Marks::MultiSelect
                                 ? QAbstractItemView::ExtendedSelection
