@@ -1,5 +1,6 @@
 #include "platform/console/sys.h"
 
+#include <algorithm>
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
@@ -72,7 +73,8 @@ int Write(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written =
         Call("write", [&] { return write(descriptor, bytes.data(), bytes.size()); });
-    if (written < 0) return -1;
+    if (written == 0) errno = ENOSPC;
+    if (written <= 0) return -1;
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
   return 0;
@@ -119,7 +121,7 @@ int MakeFolder(const String& path, mode_t mode) {
   return CallOn("mkdir", path, [&](const char* bytes) { return mkdir(bytes, mode); });
 }
 
-int RemoveFolder(const String& path) { return CallOn("rmdir", path, rmdir); }
+int ChangeFolder(const String& path) { return CallOn("chdir", path, chdir); }
 
 int Lock(int descriptor) {
   return Call("flock", [&] { return flock(descriptor, LOCK_EX | LOCK_NB); });
@@ -190,7 +192,10 @@ void Throw(const String& path, int error) {
   int code = CodeFromErrno(error);
   struct stat status;
   if (error == ENOENT && stat(ToUtf8(FolderOf(path)).c_str(), &status) < 0) code = kPathNotFound;
-  throw RuntimeError(code, ToUtf8(path) + ": " + std::strerror(error));
+  std::string name = ToUtf8(path);
+  // Would end the message.
+  std::replace(name.begin(), name.end(), '\0', '?');
+  throw RuntimeError(code, name + ": " + std::strerror(error));
 }
 
 void CheckRegular(const struct stat& status, const String& path) {

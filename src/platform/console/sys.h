@@ -35,7 +35,7 @@ int ChangeMode(const String& path, mode_t mode);
 int Rename(const String& from, const String& to);
 int Unlink(const String& path);
 int MakeFolder(const String& path, mode_t mode);
-int RemoveFolder(const String& path);
+int ChangeFolder(const String& path);
 // Takes an exclusive lock, without waiting.
 int Lock(int descriptor);
 // One extended attribute; the whole set of names, each ended by NUL. -1 where there are none.
