@@ -12,6 +12,8 @@
 #include "platform/controls.h"
 #include "platform/text_format.h"
 
+struct MenuItem;
+
 struct TextFont {
   String Name;
   // Points.
@@ -59,6 +61,9 @@ class RichTextBox : public Control {
   // 0 wraps at the edge of the window, any other value not at all.
   Property<int> RightMargin{0};
   Property<TextFont> Font;
+
+  // The menu that the right mouse button opens; null for none.
+  MenuItem* ContextMenu = nullptr;
 
   // Any change of the text, by the user or the program.
   std::function<void()> OnChange;
