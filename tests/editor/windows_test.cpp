@@ -7,7 +7,6 @@
 #include "editor/working_run.h"
 #include "platform/console/console_window_system.h"
 #include "platform/files.h"
-#include "support/print.h"
 #include "support/scripted_window_system.h"
 #include "support/temp_folder.h"
 
