@@ -12,7 +12,7 @@ ByteLines::ByteLines(InputFile file, const TextFormat& format, std::uint64_t byt
       endCharacter_(format.LineEnds == LineEnds::Lf ? '\n' : '\r'),
       markSize_(MarkOf(format).size()),
       bytes_(bytes),
-      capacity_(kBlockSize),
+      capacity_(static_cast<std::size_t>(std::clamp<std::uint64_t>(bytes, 16, kBlockSize))),
       buffer_(std::make_unique_for_overwrite<char[]>(capacity_)) {
   Rewind();
 }
@@ -37,17 +37,15 @@ ByteLines::Piece ByteLines::Next(bool wholeLine) {
   std::size_t scanned = 0;
   while (true) {
     const std::size_t length = FindEnd(scanned);
-    if (length != std::string_view::npos) {
-      // Behind a CR the LF may be in the next block.
-      if (unread_ == 0 || endCharacter_ == '\n' || length + 2 * unit_ <= Rest().size())
-        return TakeLine(length);
-      scanned = length;
-    } else {
-      scanned = Rest().size() / unit_ * unit_;
-      if (unread_ == 0) return {Take(Rest().size()), End::None};
-      if (!wholeLine && Rest().size() == capacity_)
-        return {Take(WholeCharacters(Rest(), encoding_)), End::None};
-    }
+    const bool found = length != std::string_view::npos;
+    // Behind a CR the LF may be in the next block.
+    const bool complete =
+        endCharacter_ == '\n' || unread_ == 0 || length + 2 * unit_ <= Rest().size();
+    if (found && complete) return TakeLine(length);
+    if (!found && unread_ == 0) return {Take(Rest().size()), End::None};
+    scanned = found ? length : Rest().size() / unit_ * unit_;
+    if (!wholeLine && Rest().size() == capacity_)
+      return {Take(WholeCharacters(Rest().substr(0, scanned), encoding_)), End::None};
     Fill();
   }
 }

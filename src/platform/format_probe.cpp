@@ -3,7 +3,6 @@
 #include "platform/ascii_runs.h"
 #include "platform/byte_blocks.h"
 #include "platform/encoding.h"
-#include "platform/utf8.h"
 
 namespace {
 
@@ -48,6 +47,66 @@ class LineEndCount {
   char16_t previous_ = 0;
 };
 
+// Whether bytes are valid UTF-8 and how many characters that makes. Each byte is judged by the
+// three in front of it, without a branch, so that text of any script is checked many bytes at a
+// time.
+class Utf8Check {
+ public:
+  // Sequences don't go on from one call to the next.
+  void Add(const unsigned char* p, std::size_t size) {
+    if (size == 0 || !isValid_) return;
+    const auto at = [&](std::size_t i) { return i < size ? p[i] : std::uint8_t{0}; };
+    std::uint8_t flaws = 0;
+    // The edges, with nothing on their other side.
+    for (std::size_t i = 0; i < 3; ++i) {
+      flaws = static_cast<std::uint8_t>(
+          flaws | Flaw(at(i), i > 0 ? at(i - 1) : 0, i > 1 ? at(i - 2) : 0, 0));
+      const std::size_t behind = std::max<std::size_t>(size, 3) + i;
+      flaws = static_cast<std::uint8_t>(flaws |
+                                        Flaw(0, at(behind - 1), at(behind - 2), at(behind - 3)));
+      characters_ += i < size ? Units(p[i]) : 0;
+    }
+    constexpr std::size_t kStretch = 96;
+    static_assert(2 * kStretch < 256 && kStretch % kRun == 0);
+    std::size_t i = 3;
+    for (; i + kStretch <= size; i += kStretch) flaws = Check(p + i, kStretch, flaws);
+    if (i < size) flaws = Check(p + i, size - i, flaws);
+    isValid_ = flaws == 0;
+  }
+
+  bool IsValid() const { return isValid_; }
+  std::uint64_t Characters() const { return characters_; }
+
+ private:
+  static std::uint8_t Flaw(std::uint8_t byte, std::uint8_t before1, std::uint8_t before2,
+                           std::uint8_t before3) {
+    const bool continues = (byte & 0xC0) == 0x80;
+    const bool mustContinue = (before1 >= 0xC0) | (before2 >= 0xE0) | (before3 >= 0xF0);
+    const bool overlong = (byte == 0xC0) | (byte == 0xC1) | ((before1 == 0xE0) & (byte < 0xA0)) |
+                          ((before1 == 0xF0) & (byte < 0x90));
+    const bool surrogate = (before1 == 0xED) & (byte >= 0xA0);
+    const bool tooLarge = (byte >= 0xF5) | ((before1 == 0xF4) & (byte >= 0x90));
+    return (continues != mustContinue) | overlong | surrogate | tooLarge;
+  }
+  // How many characters of a String the sequence with this byte has, told at its lead.
+  static std::uint8_t Units(std::uint8_t byte) {
+    return static_cast<std::uint8_t>(((byte & 0xC0) != 0x80) + (byte >= 0xF0));
+  }
+  // The sum is of one byte, hence a stretch that can't overflow it.
+  std::uint8_t Check(const unsigned char* p, std::size_t size, std::uint8_t flaws) {
+    std::uint8_t units = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+      flaws = static_cast<std::uint8_t>(flaws | Flaw(p[i], p[i - 1], p[i - 2], p[i - 3]));
+      units = static_cast<std::uint8_t>(units + Units(p[i]));
+    }
+    characters_ += units;
+    return flaws;
+  }
+
+  bool isValid_ = true;
+  std::uint64_t characters_ = 0;
+};
+
 class Probe {
  public:
   // Returns how many bytes it has used.
@@ -70,13 +129,14 @@ class Probe {
   FileShape Finish() {
     ends_.Report(shape_);
     TextFormat& format = shape_.Format;
-    if (isUtf8_) {
-      shape_.Characters = shape_.Bytes - surplus_;
+    if (IsUtf16(format.Encoding)) {
+      shape_.MostCharacters = shape_.Bytes / 2;
+    } else if (utf8_.IsValid()) {
+      shape_.MostCharacters = utf8_.Characters();
     } else {
-      format.Encoding = Encoding::Windows1252;
-      shape_.Characters = shape_.Bytes;
+      shape_.MostCharacters = shape_.Bytes;
+      if (!format.Mark) format.Encoding = Encoding::Windows1252;
     }
-    if (IsUtf16(format.Encoding)) shape_.Characters = shape_.Bytes / 2;
     format.HasCrLf = shape_.CrLfs > 0;
     format.HasCr = shape_.BareCrs > 0;
     format.HasLf = shape_.BareLfs > 0;
@@ -106,41 +166,13 @@ class Probe {
       return;
     }
     ends_.Add(AsBytes(text.data()), text.size());
-    if (isUtf8_) AddUtf8(AsBytes(text.data()), AsBytes(text.data()) + text.size());
-  }
-
-  void AddUtf8(const unsigned char* p, const unsigned char* end) {
-    while (p != end) {
-      if (end - p >= kRun && IsAsciiRun(p)) {
-        p += kRun;
-        continue;
-      }
-      const unsigned char* const stop = end - p >= kRun ? p + kRun : end;
-      while (p < stop) {
-        if (*p < 0x80) {
-          ++p;
-          continue;
-        }
-        const SequenceAt at = ReadSequence(p, end);
-        if (at.Kind == Sequence::Complete) {
-          surplus_ += at.Length == 4 ? 2 : static_cast<unsigned>(at.Length) - 1;
-          p += at.Length;
-        } else if (shape_.Format.Mark) {
-          ++p;
-        } else {
-          isUtf8_ = false;
-          return;
-        }
-      }
-    }
+    utf8_.Add(AsBytes(text.data()), text.size());
   }
 
   FileShape shape_;
   LineEndCount ends_;
   bool started_ = false;
-  bool isUtf8_ = true;
-  // Bytes of UTF-8 beyond one for each character.
-  std::uint64_t surplus_ = 0;
+  Utf8Check utf8_;
   String units_;
 };
 

@@ -11,8 +11,8 @@ struct FileShape {
   TextFormat Format;
   // Of the text, without the mark and the odd byte.
   std::uint64_t Bytes = 0;
-  // Of the text as it stands in the file.
-  std::uint64_t Characters = 0;
+  // Of the text as it stands in the file; fewer only where UTF-8 has stray bytes.
+  std::uint64_t MostCharacters = 0;
   std::uint64_t CrLfs = 0;
   std::uint64_t BareCrs = 0;
   std::uint64_t BareLfs = 0;

@@ -57,6 +57,10 @@ void MapInto(StringView text, String& result) {
       continue;
     }
     const char16_t* const stop = end - from >= kRun ? from + kRun : end;
+    if (FindSurrogate(from, stop) == stop) {
+      while (from != stop) *to++ = MapUnit<Case>(*from++);
+      continue;
+    }
     while (from < stop) {
       const std::ptrdiff_t units = MapOne<Case>(from, end, to);
       from += units;

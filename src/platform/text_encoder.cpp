@@ -1,7 +1,6 @@
 #include "platform/text_encoder.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "platform/ascii_runs.h"
 #include "platform/byte_blocks.h"
@@ -66,6 +65,6 @@ void TextEncoder::Flush() {
 
 void TextEncoder::PutBytes(std::string_view bytes) {
   if (kBlockSize - used_ < bytes.size()) Flush();
-  std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+  std::copy(bytes.begin(), bytes.end(), buffer_.get() + used_);
   used_ += bytes.size();
 }

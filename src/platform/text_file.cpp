@@ -16,13 +16,13 @@ LoadedText ReadTextFile(const String& path) {
   const bool hasBareCrs = shape.BareCrs > 0;
 
   LoadedText loaded{.Text = {}, .Format = std::move(shape.Format)};
-  loaded.Text.reserve(
-      static_cast<std::size_t>(shape.Characters + shape.BareCrs + (isUnix ? shape.BareLfs : 0)));
+  loaded.Text.reserve(static_cast<std::size_t>(shape.MostCharacters + shape.BareCrs +
+                                               (isUnix ? shape.BareLfs : 0)));
   if (hasBareCrs)
     loaded.Format.BareCrs.reserve(static_cast<std::size_t>(shape.BareCrs + shape.CrLfs));
 
   ByteLines lines(std::move(file), loaded.Format, shape.Bytes);
-  String line(kBlockSize, u'\0');
+  String line(static_cast<std::size_t>(std::min<std::uint64_t>(kBlockSize, shape.Bytes)), u'\0');
   while (!lines.AtEnd()) {
     const ByteLines::Piece piece = lines.NextPiece();
     loaded.Text += Decode(piece.Bytes, loaded.Format.Encoding, line.data());

@@ -65,11 +65,12 @@ char16_t* PutSequence(const unsigned char* p, int length, char16_t* to) {
 // Encodes what stands at `p` and moves behind it.
 char* PutCharacter(const char16_t*& p, const char16_t* end, LoneSurrogates lone, char* to) {
   const char16_t c = *p++;
-  if (c < 0x80) {
-    *to++ = static_cast<char>(c);
-  } else if (c < 0x800) {
-    *to++ = static_cast<char>(0xC0 | (c >> 6));
-    *to++ = ContinuationOf(c, 0);
+  if (c < 0x800) {
+    // No branch between one byte and two, as in decoding; a second byte too many is overwritten.
+    const bool isTwo = c >= 0x80;
+    to[0] = static_cast<char>(isTwo ? 0xC0 | (c >> 6) : c);
+    to[1] = ContinuationOf(c, 0);
+    to += isTwo ? 2 : 1;
   } else if (IsHighSurrogate(c) && p != end && IsLowSurrogate(*p)) {
     const char32_t code = JoinPair(c, *p++);
     *to++ = static_cast<char>(0xF0 | (code >> 18));
@@ -130,9 +131,16 @@ StringView DecodeUtf8(std::string_view bytes, LoneSurrogates lone, char16_t* con
     }
     const unsigned char* const stop = end - p >= kRun ? p + kRun : end;
     while (p < stop) {
-      if (*p < 0x80) {
-        *to++ = *p++;
-        continue;
+      // One byte or two, which is most text of many scripts: no branch between them, since where
+      // they alternate it could not be foretold.
+      if (end - p >= 2) {
+        const bool isTwo = *p >= 0x80;
+        const bool isFit = (*p < 0x80) | ((*p >= 0xC2) & (*p <= 0xDF) & IsContinuation(p[1]));
+        if (isFit) {
+          *to++ = static_cast<char16_t>(isTwo ? ((*p & 0x1F) << 6) | Bits(p[1]) : *p);
+          p += isTwo ? 2 : 1;
+          continue;
+        }
       }
       const SequenceAt at = ReadSequence(p, end, lone);
       if (at.Kind == Sequence::Complete) {

@@ -60,8 +60,9 @@ void TextEdit::SetText(StringView text) {
     Hold hold(*this);
     auto raw = conversion_.ToDocument(text);
     if (!raw) {
-      conversion_ = DocumentText::For({text});
-      raw = conversion_.ToDocument(text);
+      const DocumentText other = DocumentText::For({text});
+      raw = other.ToDocument(text);
+      conversion_ = other;
     } else if (raw->size() == document()->characterCount() - 1 && *raw == document()->toRawText()) {
       Select(0, 0);
       raw.reset();
@@ -103,11 +104,12 @@ void TextEdit::InsertWithOtherStandIns(StringView text) {
   const QString raw = document()->toRawText();
   const String before = conversion_.FromDocument(QStringView(raw).first(cursor.selectionStart()));
   const String after = conversion_.FromDocument(QStringView(raw).sliced(cursor.selectionEnd()));
-  conversion_ = DocumentText::For({before, text, after});
+  const DocumentText other = DocumentText::For({before, text, after});
   // One by one: a CR at the end of a part and an LF at the start of the next are no CR LF.
-  QString whole = *conversion_.ToDocument(before) + *conversion_.ToDocument(text);
+  QString whole = *other.ToDocument(before) + *other.ToDocument(text);
   const int caret = static_cast<int>(whole.size());
-  whole += *conversion_.ToDocument(after);
+  whole += *other.ToDocument(after);
+  conversion_ = other;
   QTextCursor all(document());
   all.select(QTextCursor::Document);
   all.insertText(whole);
