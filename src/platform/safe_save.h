@@ -6,7 +6,7 @@
 
 #include "platform/text.h"
 
-// Hands bytes to the new content, any number of times.
+// Hands bytes to the new content, any number of times. Each call is a write, so hand over blocks.
 using ByteSink = std::function<void(std::string_view bytes)>;
 
 // Replaces the content of a file by what `produce` hands over, or makes the file.

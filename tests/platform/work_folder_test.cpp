@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <vector>
 
+#include "platform/console/sys.h"
 #include "platform/files.h"
 #include "platform/test_folder.h"
 
@@ -67,6 +68,31 @@ TEST(WorkFolder, TheLockGoesWithItsProcessAndNotToItsPrograms) {
             }),
             9);
   EXPECT_TRUE(WorkFolder(folder / "").HoldsLock());
+}
+
+TEST(WorkFolder, AFolderCleanedUpBeforeItWasLockedIsMadeAgain) {
+  const TestFolder folder;
+  const WorkFolder first(folder / "");
+  for (const bool replaced : {false, true}) {
+    bool cleaned = false;
+    sys::OnCall = [&](const char* call) {
+      if (call != std::string("flock") || cleaned) return 0;
+      for (const std::string& name : folder.Names()) {
+        if (!name.starts_with("WFTEMP-")) continue;
+        cleaned = true;
+        // The name may be taken by another process at once.
+        fs::rename(folder.Path / name, folder.Path / "gone");
+        if (replaced) fs::create_directory(folder.Path / name);
+      }
+      return 0;
+    };
+    const WorkFolder second(folder / "");
+    sys::OnCall = nullptr;
+    EXPECT_TRUE(cleaned);
+    ASSERT_TRUE(FolderExists(second.Path()));
+    EXPECT_TRUE(second.Path().ends_with(u"-1"));
+    fs::remove_all(folder.Path / "gone");
+  }
 }
 
 // Each process starts, checks that its folder is its own, and ends, while others clean up.
