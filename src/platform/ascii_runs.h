@@ -70,15 +70,18 @@ inline const char16_t* FindUnit(const char16_t* p, const char16_t* end, char16_t
   return p;
 }
 
+// Whether a half of a surrogate pair is among the kLength units at `p`.
+template <std::ptrdiff_t kLength>
+inline bool HasSurrogate(const char16_t* p) {
+  char16_t hits = 0;
+  for (std::ptrdiff_t i = 0; i < kLength; ++i)
+    hits = static_cast<char16_t>(hits | ((p[i] & 0xF800) == 0xD800 ? 1 : 0));
+  return hits != 0;
+}
+
 // The first half of a surrogate pair at or after `p`, paired or not, or `end`.
 inline const char16_t* FindSurrogate(const char16_t* p, const char16_t* end) {
-  while (end - p >= kRun) {
-    char16_t hits = 0;
-    for (std::ptrdiff_t i = 0; i < kRun; ++i)
-      hits = static_cast<char16_t>(hits | ((p[i] & 0xF800) == 0xD800 ? 1 : 0));
-    if (hits != 0) break;
-    p += kRun;
-  }
+  while (end - p >= kShortRun && !HasSurrogate<kShortRun>(p)) p += kShortRun;
   while (p != end && (*p & 0xF800) != 0xD800) ++p;
   return p;
 }
