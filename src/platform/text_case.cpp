@@ -22,7 +22,7 @@ char16_t MapUnit(char16_t c) {
 
 template <typename Case>
 void MapAsciiRun(const char16_t* from, char16_t* to) {
-  for (std::ptrdiff_t i = 0; i < kRun; ++i) {
+  for (std::ptrdiff_t i = 0; i < kShortRun; ++i) {
     const auto place = static_cast<char16_t>(from[i] - Case::kFirst);
     to[i] = static_cast<char16_t>(from[i] ^ (place < 26 ? 0x20 : 0));
   }
@@ -50,17 +50,18 @@ void MapInto(StringView text, String& result) {
   const char16_t* const end = from + text.size();
   char16_t* to = result.data();
   while (from != end) {
-    if (end - from >= kRun && IsAsciiRun(from)) {
+    const bool isRun = end - from >= kShortRun;
+    if (isRun && AsciiPrefix(from) == kShortRun) {
       MapAsciiRun<Case>(from, to);
-      from += kRun;
-      to += kRun;
+      from += kShortRun;
+      to += kShortRun;
       continue;
     }
-    const char16_t* const stop = end - from >= kRun ? from + kRun : end;
-    if (FindSurrogate(from, stop) == stop) {
-      while (from != stop) *to++ = MapUnit<Case>(*from++);
+    if (isRun && !HasSurrogate<kShortRun>(from)) {
+      for (std::ptrdiff_t i = 0; i < kShortRun; ++i) *to++ = MapUnit<Case>(*from++);
       continue;
     }
+    const char16_t* const stop = isRun ? from + kShortRun : end;
     while (from < stop) {
       const std::ptrdiff_t units = MapOne<Case>(from, end, to);
       from += units;

@@ -21,14 +21,14 @@ class TextEncoder {
   void Put(StringView text);
   // The text, its line ends as the format has them: in a Unix text CR LF and CR become LF.
   void PutText(StringView text);
-  // CR LF, or LF in a Unix text.
-  void PutLineEnd();
   // What stands behind the text: the odd byte. Hands all bytes to the sink.
   void Finish();
   // Hands all bytes to the sink.
   void Flush();
 
  private:
+  // CR LF, or LF in a Unix text.
+  void PutLineEnd();
   void PutBytes(std::string_view bytes);
 
   ::Encoding encoding_ = ::Encoding::Utf8;

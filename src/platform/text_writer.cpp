@@ -27,12 +27,23 @@ TextFormat WithoutBareCrs(TextFormat format) {
 struct TextWriter::State {
   State(const String& path, const TextFormat& format)
       : Check(WithoutBareCrs(format)),
+        LineEnd(format.LineEnds == LineEnds::Lf ? kCrLf.substr(1) : kCrLf),
         Written(Check.Format()),
         Out(path),
         Encoder(Written, [this](std::string_view bytes) { Out.Write(bytes); }) {}
 
-  void Add(StringView text) {
-    if (!Check.Add(text)) Recode();
+  // The loops over characters pay off on more than a line.
+  static constexpr std::size_t kEnough = 16 * 1024;
+
+  void Add(StringView text, StringView end) {
+    Waiting.append(text).append(end);
+    if (Waiting.size() >= kEnough) Drain();
+  }
+
+  void Drain() {
+    if (!Check.Add(Waiting)) Recode();
+    Encoder.PutText(Waiting);
+    Waiting.clear();
   }
 
   // Writes the file anew, in the format that it needs by now.
@@ -59,16 +70,20 @@ struct TextWriter::State {
   void Close() {
     if (Closed) return;
     Closed = true;
+    Drain();
     if (!Check.Finish()) Recode();
     Encoder.Finish();
     Out.Close();
   }
 
   FormatCheck Check;
+  StringView LineEnd;
   // What the file is in so far.
   TextFormat Written;
   OutputFile Out;
   TextEncoder Encoder;
+  // Whole calls only, so that no line end or pair is cut.
+  String Waiting;
   bool Closed = false;
 };
 
@@ -90,15 +105,8 @@ TextWriter::~TextWriter() {
   }
 }
 
-void TextWriter::Print(StringView line) {
-  state_->Add(line);
-  state_->Encoder.PutText(line);
-  state_->Encoder.PutLineEnd();
-}
+void TextWriter::Print(StringView line) { state_->Add(line, state_->LineEnd); }
 
-void TextWriter::Write(StringView text) {
-  state_->Add(text);
-  state_->Encoder.PutText(text);
-}
+void TextWriter::Write(StringView text) { state_->Add(text, {}); }
 
 void TextWriter::Close() { state_->Close(); }

@@ -62,15 +62,42 @@ char16_t* PutSequence(const unsigned char* p, int length, char16_t* to) {
   return to;
 }
 
+// Decodes what stands at `p`, a stray byte as its stand-in, and moves behind it.
+char16_t* TakeCharacter(const unsigned char*& p, const unsigned char* end, LoneSurrogates lone,
+                        char16_t* to) {
+  // The commonest without the detour: two bytes, and three behind leads that allow every second.
+  if (*p >= 0xC2 && *p <= 0xDF && end - p >= 2 && IsContinuation(p[1])) {
+    to = PutSequence(p, 2, to);
+    p += 2;
+    return to;
+  }
+  const bool isThree = (*p > 0xE0 && *p < 0xED) || (*p & 0xFE) == 0xEE;
+  if (isThree && end - p >= 3 && IsContinuation(p[1]) && IsContinuation(p[2])) {
+    to = PutSequence(p, 3, to);
+    p += 3;
+    return to;
+  }
+  const SequenceAt at = ReadSequence(p, end, lone);
+  if (at.Kind == Sequence::Complete) {
+    to = PutSequence(p, at.Length, to);
+    p += at.Length;
+  } else {
+    *to++ = static_cast<char16_t>(0xDC00 + *p++);
+  }
+  return to;
+}
+
 // Encodes what stands at `p` and moves behind it.
 char* PutCharacter(const char16_t*& p, const char16_t* end, LoneSurrogates lone, char* to) {
   const char16_t c = *p++;
   if (c < 0x800) {
-    // No branch between one byte and two, as in decoding; a second byte too many is overwritten.
-    const bool isTwo = c >= 0x80;
-    to[0] = static_cast<char>(isTwo ? 0xC0 | (c >> 6) : c);
+    // One byte or two without a branch between them: where they alternate it could not be foretold.
+    // (c >= 0x80 in arithmetic, which no compiler makes a branch of.)
+    const unsigned isTwo = (c + 0x7F80u) >> 15;
+    const unsigned mask = 0 - isTwo;
+    to[0] = static_cast<char>((c & ~mask) | ((0xC0u | (c >> 6)) & mask));
     to[1] = ContinuationOf(c, 0);
-    to += isTwo ? 2 : 1;
+    to += 1 + isTwo;
   } else if (IsHighSurrogate(c) && p != end && IsLowSurrogate(*p)) {
     const char32_t code = JoinPair(c, *p++);
     *to++ = static_cast<char>(0xF0 | (code >> 18));
@@ -118,38 +145,23 @@ std::size_t WholeSequences(std::string_view bytes) {
   return bytes.size();
 }
 
+// Stretches of ASCII eight bytes at a time, the others one character at a time. What is copied too
+// much is overwritten; there is room for it, as there is for one character a byte.
 StringView DecodeUtf8(std::string_view bytes, LoneSurrogates lone, char16_t* const result) {
   char16_t* to = result;
   const unsigned char* p = AsBytes(bytes.data());
   const unsigned char* const end = p + bytes.size();
   while (p != end) {
-    if (end - p >= kRun && IsAsciiRun(p)) {
-      CopyRun(p, to);
-      p += kRun;
-      to += kRun;
-      continue;
+    if (end - p >= kShortRun) {
+      const std::ptrdiff_t ascii = AsciiPrefix(p);
+      CopyRun<kShortRun>(p, to);
+      p += ascii;
+      to += ascii;
+      if (ascii == kShortRun) continue;
+    } else {
+      while (p != end && *p < 0x80) *to++ = *p++;
     }
-    const unsigned char* const stop = end - p >= kRun ? p + kRun : end;
-    while (p < stop) {
-      // One byte or two, which is most text of many scripts: no branch between them, since where
-      // they alternate it could not be foretold.
-      if (end - p >= 2) {
-        const bool isTwo = *p >= 0x80;
-        const bool isFit = (*p < 0x80) | ((*p >= 0xC2) & (*p <= 0xDF) & IsContinuation(p[1]));
-        if (isFit) {
-          *to++ = static_cast<char16_t>(isTwo ? ((*p & 0x1F) << 6) | Bits(p[1]) : *p);
-          p += isTwo ? 2 : 1;
-          continue;
-        }
-      }
-      const SequenceAt at = ReadSequence(p, end, lone);
-      if (at.Kind == Sequence::Complete) {
-        to = PutSequence(p, at.Length, to);
-        p += at.Length;
-      } else {
-        *to++ = static_cast<char16_t>(0xDC00 + *p++);
-      }
-    }
+    while (p != end && *p >= 0x80) to = TakeCharacter(p, end, lone, to);
   }
   return {result, static_cast<std::size_t>(to - result)};
 }
@@ -159,13 +171,13 @@ std::string_view EncodeUtf8(StringView text, LoneSurrogates lone, char* const re
   const char16_t* p = text.data();
   const char16_t* const end = p + text.size();
   while (p != end) {
-    if (end - p >= kRun && IsAsciiRun(p)) {
-      CopyRun(p, to);
-      p += kRun;
-      to += kRun;
+    if (end - p >= kShortRun && AsciiPrefix(p) == kShortRun) {
+      CopyRun<kShortRun>(p, to);
+      p += kShortRun;
+      to += kShortRun;
       continue;
     }
-    const char16_t* const stop = end - p >= kRun ? p + kRun : end;
+    const char16_t* const stop = end - p >= kShortRun ? p + kShortRun : end;
     while (p < stop) to = PutCharacter(p, end, lone, to);
   }
   return {result, static_cast<std::size_t>(to - result)};
