@@ -128,6 +128,8 @@ void FormView::Fit() {
 }
 
 void FormView::CentreOver(const QWidget* parent) {
+  // Where a window stands is known when the desktop has put it up.
+  if (parent && !(parent->windowHandle() && parent->windowHandle()->isExposed())) parent = nullptr;
   const QRect screen = (parent ? parent : window_.data())->screen()->availableGeometry();
   QRect place(QPoint(), window_->size());
   place.moveCenter(parent ? parent->frameGeometry().center() : screen.center());
