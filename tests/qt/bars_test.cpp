@@ -132,6 +132,9 @@ TEST_F(Bars, FilesDroppedOnTheTextReachTheForm) {
   const auto drop = [&](const QList<QUrl>& urls) {
     QMimeData data;
     data.setUrls(urls);
+    QDragEnterEvent enter({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &enter);
+    EXPECT_TRUE(enter.isAccepted());
     QDropEvent event({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(target, &event);
   };
