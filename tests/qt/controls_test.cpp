@@ -233,7 +233,7 @@ TEST_F(Controls, HiddenAndDisabledControlsFollowAndLeaveNoGap) {
   auto* window = windows.WindowOf(form);
   const auto height = [&] {
     QApplication::processEvents();
-    return window->layout()->totalHeightForWidth(window->width());
+    return window->layout()->totalSizeHint().height();
   };
   const int full = height();
   form.First.Visible = false;
