@@ -3,6 +3,8 @@
 #include <QMessageBox>
 #include <new>
 
+#include "platform/qt/window_place.h"
+
 namespace {
 
 QString Describe(const std::exception_ptr& error) {
@@ -21,8 +23,10 @@ QString Describe(const std::exception_ptr& error) {
 
 void ReportException(std::exception_ptr error) {
   QMessageBox box(QMessageBox::Warning, QStringLiteral("WordFlurn"), Describe(error),
-                  QMessageBox::Ok, QApplication::activeWindow());
+                  QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
+  box.adjustSize();
+  PlaceOver(box, QApplication::activeWindow());
   box.exec();
 }
 

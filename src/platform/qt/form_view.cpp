@@ -11,6 +11,7 @@
 #include "platform/qt/file_drop.h"
 #include "platform/qt/menu_builder.h"
 #include "platform/qt/strings.h"
+#include "platform/qt/window_place.h"
 #include "platform/qt/windows.h"
 
 namespace {
@@ -87,19 +88,15 @@ void FormView::Show(bool modal, QWidget* parent) {
     window_->hide();
     window_->setWindowModality(modality);
   }
-  if (!window_->isVisible() && (first || !IsMain())) {
+  const bool visible = window_->isVisible();
+  if (!visible && (first || !IsMain())) {
     Fit();
-    if (!IsMain()) {
-      CentreOver(parent);
-      FocusFirst();
-    }
+    FocusFirst();
+    if (!IsMain()) PlaceOver(*window_, parent);
   }
-  window_->winId();
-  if (parent && parent->windowHandle() && !IsMain())
-    window_->windowHandle()->setTransientParent(parent->windowHandle());
   awaitsScreen_ = true;
   window_->show();
-  window_->raise();
+  if (visible) window_->raise();
   window_->activateWindow();
 }
 
@@ -125,17 +122,6 @@ void FormView::Fit() {
   if (QLayout* box = window_->layout(); box && box->hasHeightForWidth())
     size.setHeight(std::max(box->totalHeightForWidth(size.width()), wished.height()));
   window_->resize(size);
-}
-
-void FormView::CentreOver(const QWidget* parent) {
-  const QRect screen = (parent ? parent : window_.data())->screen()->availableGeometry();
-  QRect place(QPoint(), window_->size());
-  place.moveCenter(parent ? parent->frameGeometry().center() : screen.center());
-  place.moveRight(std::min(place.right(), screen.right()));
-  place.moveBottom(std::min(place.bottom(), screen.bottom()));
-  place.moveLeft(std::max(place.left(), screen.left()));
-  place.moveTop(std::max(place.top(), screen.top()));
-  window_->move(place.topLeft());
 }
 
 void FormView::FocusFirst() {

@@ -33,7 +33,6 @@ class FormView {
   void FindButtons();
   void SetTabOrder();
   void Fit();
-  void CentreOver(const QWidget* parent);
   void FocusFirst();
   void OnClose();
   void OnEscape();

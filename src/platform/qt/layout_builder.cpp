@@ -19,6 +19,8 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
+// From the upper edge of a box to the text in it.
+constexpr int kTextInset = 4;
 // Round rows that stand above or below the text of a main window.
 constexpr QMargins kPanelMargins{8, 6, 8, 6};
 
@@ -134,13 +136,12 @@ class Builder {
       whole.Across |= piece.Across;
       whole.Down |= piece.Down;
       if (auto* label = qobject_cast<QLabel*>(piece.Widget)) labels.push_back(label);
-      if (row && piece.Widget && piece.Widget->inherits("Picture"))
-        box->setAlignment(piece.Widget, Qt::AlignTop);
+      if (row && dynamic_cast<Image*>(item.Content)) box->setAlignment(piece.Widget, Qt::AlignTop);
     }
     if (!filled) box->addStretch(1);
     // A label beside something tall belongs to its first line.
     if (row && whole.Down)
-      for (QLabel* label : labels) label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+      for (QLabel* label : labels) AlignTop(*label);
     return whole;
   }
 
@@ -161,7 +162,8 @@ class Builder {
       if (piece.Across) grid->setColumnStretch(column, 1);
       if (piece.Down) {
         grid->setRowStretch(row, 1);
-        for (int i = 0; i < column; ++i) AlignLabelTop(grid->itemAtPosition(row, i));
+        for (int i = 0; i < column; ++i)
+          if (auto* label = LabelIn(grid->itemAtPosition(row, i))) AlignTop(*label);
       }
       whole.Across |= piece.Across;
       whole.Down |= piece.Down;
@@ -172,9 +174,13 @@ class Builder {
     return whole;
   }
 
-  static void AlignLabelTop(QLayoutItem* item) {
-    if (auto* label = item ? qobject_cast<QLabel*>(item->widget()) : nullptr)
-      label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  static QLabel* LabelIn(QLayoutItem* item) {
+    return item ? qobject_cast<QLabel*>(item->widget()) : nullptr;
+  }
+
+  static void AlignTop(QLabel& label) {
+    label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label.setContentsMargins(0, kTextInset, 0, 0);
   }
 
   Piece Group(const Layout& layout) {

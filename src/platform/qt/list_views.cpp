@@ -75,16 +75,17 @@ class RowsBinding {
     view_->scrollTo(rows_->index(row));
   }
 
-  // The current row counts only together with a selection: a list that gets the keyboard makes its
-  // first row current, which is no choice of the user.
+  // The current row counts only when it is selected: a list that gets the keyboard makes its first
+  // row current, which is no choice of the user, and a mouse makes a row current before it selects
+  // it.
   void Read() {
     if (quiet_) return;
     const auto rows = SelectedRows();
-    if (marks_ == ListBox::Marks::MultiSelect) selected_ = rows;
-    if (rows.empty()) return;
-    list_.ListIndex = marks_ == ListBox::Marks::MultiSelect
-                          ? view_->selectionModel()->currentIndex().row()
-                          : *rows.begin();
+    const bool multi = marks_ == ListBox::Marks::MultiSelect;
+    const int row =
+        multi ? view_->selectionModel()->currentIndex().row() : (rows.empty() ? -1 : *rows.begin());
+    if (multi) selected_ = rows;
+    if (rows.contains(row)) list_.ListIndex = row;
   }
 
  private:

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "platform/qt/strings.h"
+#include "platform/qt/window_place.h"
 #include "platform/runtime_error.h"
 
 QStringList NameFilters(const String& filter) {
@@ -31,7 +32,7 @@ QString QtCommonDialog::StartFolder() const {
 
 void QtCommonDialog::Ask(QFileDialog::AcceptMode mode) {
   const bool save = mode == QFileDialog::AcceptSave;
-  QFileDialog dialog(QApplication::activeWindow(), ToQt(DialogTitle), StartFolder());
+  QFileDialog dialog(nullptr, ToQt(DialogTitle), StartFolder());
   dialog.setAcceptMode(mode);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, save && (Flags & kOverwritePrompt) == 0);
@@ -41,6 +42,8 @@ void QtCommonDialog::Ask(QFileDialog::AcceptMode mode) {
     dialog.selectNameFilter(filters.value(FilterIndex - 1, filters.first()));
   }
   if (!FileName.empty()) dialog.selectFile(QFileInfo(ToQt(FileName)).fileName());
+
+  PlaceOver(dialog, QApplication::activeWindow());
 
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
     throw RuntimeError(kDialogCancelled, "The file dialog was cancelled.");

@@ -53,9 +53,7 @@ QWidget* MakeView(RichTextBox& box, Bindings& bindings) {
   // The widget belongs to the box. A form that is destroyed has taken it along already.
   bindings.AtEnd([view = QPointer(view), keys] {
     delete keys;
-    if (!view) return;
-    view->hide();
-    view->setParent(nullptr);
+    if (view) view->setParent(nullptr);
   });
   return view;
 }

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int kPictureSize = 40;
+constexpr int kButtonPadding = 14;
 
 // Draws the icon each time, so that it follows palette and scale.
 class Picture : public QWidget {
@@ -59,7 +60,12 @@ QWidget* MakeView(Image& image, Bindings& bindings) {
 QWidget* MakeView(CommandButton& button, Bindings& bindings) {
   auto* view = new QPushButton;
   view->setDefault(button.Default);
-  bindings.Follow(button.Caption, [&button, view] { view->setText(ToQt(button.Caption)); });
+  bindings.Follow(button.Caption, [&button, view] {
+    const QString text = ToQt(button.Caption);
+    view->setText(text);
+    view->setMinimumWidth(view->fontMetrics().size(Qt::TextShowMnemonic, text).width() +
+                          2 * kButtonPadding);
+  });
   bindings.Follow(button.Icon, [&button, view] { view->setIcon(NamedIcon(button.Icon)); });
   bindings.On(view, &QPushButton::clicked, [&button] { button.Click(); });
   return view;

@@ -29,7 +29,7 @@ QString WithBreaks(const QString& text) {
 
 WrappingLabel::WrappingLabel() {
   setWordWrap(true);
-  setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
