@@ -38,8 +38,6 @@ std::vector<String> SubFolders(const String& path);
 std::vector<String> FilesIn(const String& path);
 // Mount points that a user may want to go to: the root, the home folder, mounted volumes.
 std::vector<String> Volumes();
-// The one of Volumes() that a folder is on: the longest that is the folder or above it.
-String VolumeOf(const String& folder);
 String HomeFolder();
 // Empty when it is not set.
 String Environment(const char* name);

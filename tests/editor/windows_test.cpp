@@ -98,6 +98,7 @@ TEST(BrowseFolders, PicksAFolder) {
 
   windows.OnModal = [&](Form&) {
     const String drive = browse.Drive1.Drive;
+    browse.Drive1.List = std::vector<String>{u"/", folder / u"no disk"};
     browse.Drive1.Drive = folder / u"no disk";
     EXPECT_EQ(browse.Drive1.Drive.Get(), drive);
     EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
