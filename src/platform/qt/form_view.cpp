@@ -113,7 +113,7 @@ void FormView::Fit() {
   const QSize screen = window_->screen()->availableSize();
   QSize size = window_->sizeHint();
   // The wish is for the inner area: what a main window has round it comes on top.
-  QSize edge;
+  QSize edge(0, 0);
   if (auto* main = qobject_cast<QMainWindow*>(window_))
     edge = size - main->centralWidget()->sizeHint();
   const QSize wished(form_.Columns * metrics.averageCharWidth() + edge.width(),
