@@ -29,7 +29,7 @@ ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const Str
       Status(Fields, RichTextBox1, Document) {
   SetDataPaths(Fields, appFolder, workFolder);
   Fields.CommandLine = commandLine;
-  Columns = 100;
+  Columns = 140;
   Lines = 36;
   WireMenus();
   WireToolBar();
