@@ -36,7 +36,7 @@ ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const Str
       UndoEdit(windows, Fields) {
   SetDataPaths(Fields, appFolder, workFolder);
   Fields.CommandLine = commandLine;
-  Columns = 100;
+  Columns = 140;
   Lines = 36;
   WireEditor();
   WireMenus();
@@ -66,7 +66,7 @@ void ChangeCase::WireEditor() {
     UndoEdit.KeyDown(key);
   };
   RichTextBox1.OnMouseDown = [this] { UndoEdit.MouseDown(); };
-  RichTextBox1.ContextMenu = Menu.EditMenu.Items;
+  RichTextBox1.ContextMenu = &Menu.EditMenu;
   UndoEdit.StateChanged = [this] { ShowUndoState(); };
   Edit.CheckSetLock = [this] { Document.CheckSetLock(); };
 }

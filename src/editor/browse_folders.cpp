@@ -15,7 +15,6 @@ BrowseFolders::BrowseFolders(WindowSystem& windows, Messages& messages)
     ChosenFolder.clear();
     Unload();
   };
-  Drive1.OnChange = [this] { DriveChanged(); };
   Dir1.OnChange = [this] { ChosenFolder = Dir1.Path; };
   Columns = 50;
   Lines = 18;
@@ -36,9 +35,12 @@ void BrowseFolders::Load() {
       // A folder that has gone: the next one.
     }
   }
+  // Showing the volume that Dir1 is on must not send Dir1 to the volume's top.
+  Drive1.OnChange = nullptr;
   Drive1.Refresh();
-  drive_ = VolumeOf(Dir1.Path);
-  Drive1.Drive = drive_;
+  Drive1.Drive = Dir1.Path;
+  drive_ = Drive1.Drive;
+  Drive1.OnChange = [this] { DriveChanged(); };
   ChosenFolder = Dir1.Path;
 }
 

@@ -10,7 +10,8 @@ struct DriveListBox : Control {
   void Refresh();
   // The mount points, in the order shown.
   Property<std::vector<String>> List;
-  // The chosen mount point.
+  // The chosen mount point, at first that of the current folder. Another path set here chooses the
+  // volume that it lies on.
   Property<String> Drive;
   std::function<void()> OnChange;
   DriveListBox();
@@ -19,7 +20,7 @@ struct DriveListBox : Control {
   Signal::Subscription changed_;
 };
 
-// The folders above a folder, the folder itself, and those inside it.
+// The folders above a folder, the folder itself, and those inside it but for hidden ones.
 struct DirListBox : Control {
   struct Row {
     String Name;
@@ -31,8 +32,10 @@ struct DirListBox : Control {
 
   DirListBox();
   void Accept(ControlVisitor& visitor) override;
-  // Goes to a folder. RuntimeError 76 or 75 when it can't be read, and the list stays.
+  // Goes to a folder. RuntimeError 76 when it is not there, 70 when it may not be read, and
+  // the list stays.
   void Go(const String& path);
+  // Where it stands; changed by Go alone. At first the current folder, whose rows Go reads.
   Property<String> Path;
   Property<std::vector<Row>> Rows;
   std::function<void()> OnChange;
@@ -41,12 +44,14 @@ struct DirListBox : Control {
   Signal::Subscription changed_;
 };
 
-// The files of a folder whose names fit a pattern, sorted.
+// The files of a folder whose names fit a pattern, sorted, without hidden ones. Empty for a folder
+// that can't be read.
 struct FileListBox : ListControl {
   FileListBox();
   void Accept(ControlVisitor& visitor) override;
-  // Reads the folder anew.
+  // Reads the folder anew. The selection stays when the files are the same.
   void Refresh();
+  // At first the current folder, which Refresh reads.
   Property<String> Path;
   // Patterns with "*" and "?" parted by ";", in any case; "*.*" fits every name.
   Property<String> Pattern{u"*.*"};

@@ -58,7 +58,11 @@ class Property {
   Property() = default;
   Property(T value) : value_(std::move(value)) {}
   Property(const Property&) = delete;
-  Property& operator=(const Property&) = delete;
+  // The value only; each property keeps its own observers.
+  Property& operator=(const Property& other) {
+    Set(other.value_);
+    return *this;
+  }
 
   const T& Get() const { return value_; }
   operator const T&() const { return value_; }

@@ -15,6 +15,8 @@
 #include "platform/key_event.h"
 #include "platform/text_format.h"
 
+struct MenuItem;
+
 struct TextFont {
   String Name;
   // Points.
@@ -72,6 +74,9 @@ class RichTextBox : public Control {
   Property<int> RightMargin{0};
   Property<TextFont> Font;
 
+  // The menu that the right mouse button opens; null for none.
+  MenuItem* ContextMenu = nullptr;
+
   // Any change of the text, by the user or the program. A change that moves the caret is told by
   // OnSelChange first.
   std::function<void()> OnChange;
@@ -79,8 +84,6 @@ class RichTextBox : public Control {
   // A key or a mouse button goes down in the control, before it has any effect.
   std::function<void(KeyEvent&)> OnKeyDown;
   std::function<void()> OnMouseDown;
-  // What the right mouse button opens; empty for the control's own menu.
-  std::vector<MenuItem*> ContextMenu;
 
  protected:
   // For implementations: the text is no longer what it was, before OnChange is called.

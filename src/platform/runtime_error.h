@@ -2,6 +2,7 @@
 // A failure with a number. Callers that know what to do with a number test Code; what() is for a
 // person and names the file and the cause.
 
+#include <exception>
 #include <stdexcept>
 #include <string>
 
@@ -34,5 +35,8 @@ class RuntimeError : public std::runtime_error {
   const int Code;
 };
 
-// The number that stands for a system error number (errno), the only such mapping.
+// The number that stands for a system error number (errno), the only such mapping. 75 where none
+// fits better.
 int CodeFromErrno(int error);
+// A RuntimeError's own number, 7 for want of memory, 5 for any other exception.
+int CodeFromException(const std::exception& error);

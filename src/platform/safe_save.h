@@ -6,7 +6,7 @@
 
 #include "platform/text.h"
 
-// Hands bytes to the new content, any number of times.
+// Hands bytes to the new content, any number of times. Each call is a write, so hand over blocks.
 using ByteSink = std::function<void(std::string_view bytes)>;
 
 // Replaces the content of a file by what `produce` hands over, or makes the file.
@@ -17,8 +17,9 @@ using ByteSink = std::function<void(std::string_view bytes)>;
 // can't be kept) the old content is kept in a copy, beside the target or in `spareFolder`, and the
 // file is rewritten in place; the copy goes when that is done.
 //
-// RuntimeError when it fails: the file then holds what it held, or, if even putting that back
-// failed, the error's text names the copy.
+// RuntimeError when it fails, or whatever `produce` throws: the file then holds what it held, or,
+// if even putting that back failed, the error's text names the copy. Only where the flush of the
+// folder behind the rename fails does the file hold the new content already.
 void SafeSave(const String& path, const std::function<void(const ByteSink&)>& produce);
 
 // Where copies are kept for files in folders that can't be written; the data folder of the program.

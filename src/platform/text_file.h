@@ -78,8 +78,8 @@ class TextWriter {
 
   // The line and its end.
   void Print(StringView line);
-  // No line end is added; CR LF inside becomes the line end of the format. A CR and its LF must
-  // come in the same call.
+  // No line end is added; CR LF inside becomes the line end of the format. A CR and its LF, and the
+  // halves of a surrogate pair, must come in the same call.
   void Write(StringView text);
   void Close();
 

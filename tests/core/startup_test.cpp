@@ -4,6 +4,8 @@
 #include "core/data_files.h"
 #include "support/app_fixture.h"
 
+using namespace std::string_literals;
+
 namespace {
 
 class StartTest : public AppTest {};
@@ -47,7 +49,7 @@ TEST_F(StartTest, CustomToolsStandOnTheMenu) {
       {"no such number", "Tool0:\nx\nTool9:\nx\ntool1:\nx\nTool1: \nx\n", {}, 0},
       {"name that looks like a key", "Tool1:\nTool2:\nTool3:\nz\n", {{1, u"Tool2:"}, {3, u"Z"}}, 3},
       {"cut off behind the key", "Tool1:\na\nTool2:", {{1, u"A"}}, 1},
-      {"no text at all", std::string("\xFF\xFE\0Tool1:\0\x80\r\n\r\r\n", 18), {}, 0},
+      {"no text at all", "\xFF\xFE\0Tool1:\0\x80\r\n\r\r\n"s, {}, 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.Name);
@@ -82,7 +84,7 @@ TEST_F(StartTest, OptionsOrTheDefaults) {
       {"no number", "Courier\nten\nTrue\nArial\n9\nFalse\n\n\n\n", false},
       {"folder gone", "Courier\n10\nTrue\nArial\n9\nFalse\n/no/such\n\n\n", false},
       {"footer gone", "Courier\n10\nTrue\nArial\n9\nFalse\n\n\n/no/such\n", false},
-      {"random bytes", std::string("\0\x80\xFF\r\r\n\xC3\x28\n\n\n\n\n\n\n\n\n", 17), false},
+      {"random bytes", "\0\x80\xFF\r\r\n\xC3\x28\n\n\n\n\n\n\n\n\n"s, false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.Name);

@@ -7,7 +7,6 @@
 #include "editor/working_run.h"
 #include "platform/console/console_window_system.h"
 #include "platform/files.h"
-#include "support/print.h"
 #include "support/scripted_window_system.h"
 #include "support/temp_folder.h"
 
@@ -99,6 +98,7 @@ TEST(BrowseFolders, PicksAFolder) {
 
   windows.OnModal = [&](Form&) {
     const String drive = browse.Drive1.Drive;
+    browse.Drive1.List = std::vector<String>{u"/", folder / u"no disk"};
     browse.Drive1.Drive = folder / u"no disk";
     EXPECT_EQ(browse.Drive1.Drive.Get(), drive);
     EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());

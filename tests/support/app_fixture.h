@@ -5,7 +5,6 @@
 
 #include "core/change_case.h"
 #include "platform/files.h"
-#include "support/print.h"
 #include "support/scripted_window_system.h"
 #include "support/temp_folder.h"
 

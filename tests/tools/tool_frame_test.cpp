@@ -33,7 +33,7 @@ TEST_F(ToolFrameTest, RunsOnTheWholeTextOrTheSelection) {
       {"ends in an empty line", u"one\r\n\r\ntwo", 0, 7, u"ONE\r\n\r\ntwo", 0, 7},
       {"result stands earlier too", u"AB ab", 3, 2, u"AB AB", 0, 2},
       {"past the end", u"one", 1, 99, u"oNE", 1, 2},
-      {"outside ASCII", u"straße é\u00B5 \u0436", 0, 99, u"STRAßE É\u00B5 \u0416", 0, 10},
+      {"outside ASCII", u"straße é\u00B5 \u0436", 0, 99, u"STRAßE É\u00B5 \u0416", 0, 11},
   };
   Start();
   for (const Case& c : cases) {

@@ -1,0 +1,163 @@
+#include "platform/safe_save.h"
+
+#include <fcntl.h>
+#include <optional>
+#include <vector>
+
+#include "platform/byte_file.h"
+#include "platform/console/file_attributes.h"
+#include "platform/console/scratch_file.h"
+#include "platform/console/sys.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+
+namespace {
+
+using Producer = std::function<void(const ByteSink&)>;
+
+String spareFolder;
+
+// Makes new files impossible while the file itself may still be written.
+bool IsRefusal(int error) {
+  return error == EACCES || error == EPERM || error == EROFS || error == EBUSY;
+}
+
+// The file that a path stands for, behind all links. The file need not be there, not even when
+// links lead to it; its folder must.
+String Resolve(const String& path) {
+  constexpr int kMostLinks = 40;
+  String current = path;
+  for (int links = 0; links < kMostLinks; ++links) {
+    String real;
+    if (sys::RealPath(current, real) == 0) return real;
+    if (errno != ENOENT) sys::Throw(path);
+    String folder;
+    if (sys::RealPath(FolderOf(current), folder) < 0) sys::Throw(current);
+    const StringView name = FileNameOf(current);
+    if (name.empty()) sys::Throw(path, ENOENT);
+    current = JoinPath(folder, name);
+    String target;
+    if (sys::ReadLink(current, target) < 0) {
+      if (errno == ENOENT || errno == EINVAL) return current;
+      sys::Throw(current);
+    }
+    current = target.starts_with(kPathSeparator) ? target : JoinPath(folder, target);
+  }
+  sys::Throw(path, ELOOP);
+}
+
+void WriteAll(int descriptor, const String& path, const Producer& produce) {
+  produce([&](std::string_view bytes) { sys::Check(sys::Write(descriptor, bytes), path); });
+}
+
+// Hands over what a file holds.
+Producer ContentOf(const String& path) {
+  return [path](const ByteSink& sink) {
+    InputFile file(path);
+    std::vector<char> block(1 << 16);
+    while (const std::size_t size = file.Read(block.data(), block.size()))
+      sink({block.data(), size});
+  };
+}
+
+// Writes from the start without cutting the file first, so that the old content always finds its
+// place on the disk again.
+void Overwrite(int descriptor, const String& path, const Producer& produce) {
+  off_t size = 0;
+  sys::Check(sys::Rewind(descriptor), path);
+  produce([&](std::string_view bytes) {
+    sys::Check(sys::Write(descriptor, bytes), path);
+    size += static_cast<off_t>(bytes.size());
+  });
+  sys::Check(sys::Truncate(descriptor, size), path);
+  sys::Check(sys::Sync(descriptor), path);
+}
+
+// Keeps the content of a file in a copy that a person will know again.
+void KeepCopy(const String& path, ScratchFile& copy) {
+  // Leaves room for the digits in a name of 255 bytes.
+  constexpr std::size_t kLongestName = 70;
+  String name(FileNameOf(path).substr(0, kLongestName));
+  if (IsHighSurrogate(name.back())) name.pop_back();
+  name += u".old-";
+  if (copy.Make(FolderOf(path), name, 0600) < 0) {
+    if (!IsRefusal(errno) || spareFolder.empty()) sys::Throw(path);
+    sys::Check(copy.Make(spareFolder, name, 0600), spareFolder);
+  }
+  WriteAll(copy.Get(), copy.Path(), ContentOf(path));
+  sys::Check(sys::Sync(copy.Get()), copy.Path());
+  sys::Check(copy.Close(), copy.Path());
+  sys::Check(sys::SyncFolder(FolderOf(copy.Path())), copy.Path());
+}
+
+void RewriteInPlace(int descriptor, const String& path, const Producer& produce) {
+  ScratchFile copy;
+  KeepCopy(path, copy);
+  try {
+    Overwrite(descriptor, path, produce);
+  } catch (const std::exception& error) {
+    try {
+      Overwrite(descriptor, path, ContentOf(copy.Path()));
+    } catch (const std::exception&) {
+      const String kept = copy.Path();
+      copy.Leave();
+      throw RuntimeError(
+          CodeFromException(error),
+          std::string(error.what()) + "; its old content is kept in " + ToUtf8(kept));
+    }
+    throw;
+  }
+}
+
+// Writes the whole new content into the scratch file and moves it over the target. False when the
+// system refuses that; the scratch file then holds the new content.
+bool ReplaceByRename(ScratchFile& scratch, const String& target, std::optional<mode_t> mode,
+                     const Producer& produce) {
+  WriteAll(scratch.Get(), target, produce);
+  struct stat made;
+  sys::Check(fstat(scratch.Get(), &made), target);
+  const bool otherMode = mode && (made.st_mode & 07777) != *mode;
+  const bool modeKept = !otherMode || sys::ChangeMode(scratch.Get(), *mode) == 0;
+  sys::Check(sys::Sync(scratch.Get()), target);
+  sys::Check(scratch.Close(), target);
+  if (!modeKept) return false;
+  if (sys::Rename(scratch.Path(), target) < 0) {
+    if (mode && IsRefusal(errno)) return false;
+    sys::Throw(target);
+  }
+  scratch.Leave();
+  sys::Check(sys::SyncFolder(FolderOf(target)), target);
+  return true;
+}
+
+}  // namespace
+
+void SetSpareFolder(const String& folder) { spareFolder = folder; }
+
+void SafeSave(const String& path, const Producer& produce) {
+  constexpr StringView kScratchPrefix = u".wordflurn-";
+  const String target = Resolve(path);
+  const String folder = FolderOf(target);
+  ScratchFile scratch;
+  struct stat status;
+  if (sys::Stat(target, status) < 0) {
+    if (errno != ENOENT) sys::Throw(target);
+    // The system gives this mode the folder's or the user's restrictions.
+    sys::Check(scratch.Make(folder, kScratchPrefix, 0666), target);
+    ReplaceByRename(scratch, target, std::nullopt, produce);
+    return;
+  }
+  // Opened first: a rename would pass over a missing permission to write.
+  const sys::Descriptor old(sys::OpenRegular(target, O_WRONLY));
+  sys::Check(fstat(old.Get(), &status), target);
+  if (status.st_nlink == 1) {
+    if (scratch.Make(folder, kScratchPrefix, 0600) < 0) {
+      if (!IsRefusal(errno)) sys::Throw(target);
+    } else if (CarryOwnerAndAttributes(old.Get(), status, scratch.Get())) {
+      if (!ReplaceByRename(scratch, target, status.st_mode & 07777, produce))
+        RewriteInPlace(old.Get(), target, ContentOf(scratch.Path()));
+      return;
+    }
+  }
+  RewriteInPlace(old.Get(), target, produce);
+}

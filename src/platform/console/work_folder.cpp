@@ -1,0 +1,105 @@
+#include "platform/work_folder.h"
+
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+
+#include "platform/console/sys.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+
+namespace {
+
+constexpr StringView kLockName = u"WFLOCK";
+constexpr StringView kPrivatePrefix = u"WFTEMP-";
+constexpr int kMostNames = 1000;
+
+bool IsRegularOrFolder(const struct stat& status) {
+  return S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
+}
+
+// Opens and locks a file or a folder. No descriptor and EWOULDBLOCK when another process has the
+// lock, ENOENT when the name led elsewhere by the time the lock was had.
+sys::Descriptor OpenLocked(const String& path, int flags) {
+  sys::Descriptor lock(sys::Open(path, flags | O_NOFOLLOW, 0600));
+  if (lock.Get() < 0 || sys::Lock(lock.Get()) < 0) return {};
+  struct stat locked, named;
+  if (fstat(lock.Get(), &locked) == 0 && sys::StatLink(path, named) == 0 &&
+      IsRegularOrFolder(named) && locked.st_dev == named.st_dev && locked.st_ino == named.st_ino)
+    return lock;
+  errno = ENOENT;
+  return {};
+}
+
+void RemoveTree(const String& path) {
+  std::error_code ignored;
+  std::filesystem::remove_all(ToUtf8(path), ignored);
+}
+
+bool IsPrivateName(StringView name) {
+  return name.starts_with(kPrivatePrefix) && name.size() > kPrivatePrefix.size() &&
+         name.find_first_not_of(u"0123456789-", kPrivatePrefix.size()) == StringView::npos;
+}
+
+// Who can lock a private folder knows that its process is gone. One that has been made and not yet
+// locked goes, too; its maker notices and makes another.
+void RemoveStale(const String& folder) {
+  for (const String& name : SubFolders(folder)) {
+    if (!IsPrivateName(name)) continue;
+    const String path = JoinPath(folder, name);
+    const sys::Descriptor lock = OpenLocked(path, O_RDONLY | O_DIRECTORY);
+    if (lock.Get() >= 0) RemoveTree(path);
+  }
+}
+
+// Makes a private folder and locks it.
+sys::Descriptor MakePrivate(const String& folder, String& path) {
+  const String base = String(kPrivatePrefix) + Str(getpid());
+  for (int number = 0; number < kMostNames; ++number) {
+    path = JoinPath(folder, number == 0 ? base : base + u"-" + Str(number));
+    if (sys::MakeFolder(path, 0700) < 0) {
+      // Processes that can't see each other may have the same number.
+      if (errno == EEXIST) continue;
+      sys::Throw(path);
+    }
+    sys::Descriptor lock = OpenLocked(path, O_RDONLY | O_DIRECTORY);
+    if (lock.Get() >= 0) return lock;
+    if (errno != ENOENT && errno != EWOULDBLOCK) {
+      const int error = errno;
+      RemoveTree(path);
+      sys::Throw(path, error);
+    }
+  }
+  sys::Throw(folder, EEXIST);
+}
+
+}  // namespace
+
+struct WorkFolder::State {
+  sys::Descriptor Lock;
+  bool HoldsLock = false;
+};
+
+WorkFolder::WorkFolder(const String& dataFolder)
+    : path_(AbsolutePath(dataFolder)), state_(std::make_unique<State>()) {
+  MakeFolders(path_, 0700);
+  sys::Check(sys::Access(path_, W_OK | X_OK), path_);
+  RemoveStale(path_);
+  const String lockPath = JoinPath(path_, kLockName);
+  for (int attempt = 0; attempt < kMostNames; ++attempt) {
+    state_->Lock = OpenLocked(lockPath, O_RDWR | O_CREAT);
+    if (state_->Lock.Get() >= 0 || errno != ENOENT) break;
+  }
+  state_->HoldsLock = state_->Lock.Get() >= 0;
+  if (state_->HoldsLock) return;
+  if (errno != EWOULDBLOCK) sys::Throw(lockPath);
+  const String folder = path_;
+  state_->Lock = MakePrivate(folder, path_);
+}
+
+WorkFolder::~WorkFolder() {
+  // Still locked, so that nobody takes it for a stale one half way.
+  if (!state_->HoldsLock) RemoveTree(path_);
+}
+
+bool WorkFolder::HoldsLock() const { return state_->HoldsLock; }

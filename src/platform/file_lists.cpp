@@ -1,0 +1,110 @@
+#include "platform/file_lists.h"
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+
+namespace {
+
+// Hidden files and folders stay out of the lists.
+void DropHidden(std::vector<String>& names) {
+  std::erase_if(names, [](const String& name) { return name.starts_with(u'.'); });
+}
+
+// The current folder can have been deleted.
+String StartFolder() {
+  try {
+    return CurrentFolder();
+  } catch (const RuntimeError&) {
+    return u"/";
+  }
+}
+
+bool IsInside(StringView path, StringView folder) {
+  if (!path.starts_with(folder)) return false;
+  return path.size() == folder.size() || folder.ends_with(kPathSeparator) ||
+         path[folder.size()] == kPathSeparator;
+}
+
+// The innermost of the volumes that a path lies on; the path itself when there is none.
+String VolumeOf(const std::vector<String>& volumes, const String& path) {
+  const String* best = nullptr;
+  for (const String& volume : volumes)
+    if (IsInside(path, volume) && (!best || volume.size() > best->size())) best = &volume;
+  return best ? *best : path;
+}
+
+std::vector<DirListBox::Row> RowsOf(const String& path) {
+  auto inside = SubFolders(path);
+  DropHidden(inside);
+  std::vector<DirListBox::Row> rows{{u"/", u"/", 0}};
+  const auto add = [&](const String& folder, StringView name, int depth) {
+    rows.push_back({String(name), JoinPath(folder, name), depth});
+  };
+  StringView rest = path;
+  while (!rest.empty()) {
+    const StringView name = rest.substr(0, rest.find(kPathSeparator));
+    rest.remove_prefix(std::min(name.size() + 1, rest.size()));
+    if (!name.empty()) add(rows.back().Path, name, rows.back().Depth + 1);
+  }
+  const int depth = rows.back().Depth + 1;
+  for (const String& name : inside) add(path, name, depth);
+  return rows;
+}
+
+}  // namespace
+
+DriveListBox::DriveListBox() {
+  Refresh();
+  changed_ = Drive.Observe([this] {
+    const String volume = VolumeOf(List, Drive);
+    // Comes back here with the volume.
+    if (volume != Drive.Get())
+      Drive = volume;
+    else if (OnChange)
+      OnChange();
+  });
+}
+
+void DriveListBox::Refresh() {
+  List = Volumes();
+  if (Drive.Get().empty()) Drive = VolumeOf(List, StartFolder());
+}
+
+DirListBox::DirListBox() {
+  Path = StartFolder();
+  changed_ = Path.Observe([this] {
+    if (OnChange) OnChange();
+  });
+}
+
+void DirListBox::Go(const String& path) {
+  const String folder = AbsolutePath(path);
+  Rows = RowsOf(folder);
+  Path = folder;
+}
+
+FileListBox::FileListBox() {
+  Path = StartFolder();
+  pathChanged_ = Path.Observe([this] { Refresh(); });
+  patternChanged_ = Pattern.Observe([this] { Refresh(); });
+  indexChanged_ = ListIndex.Observe([this] {
+    if (OnClick) OnClick();
+  });
+}
+
+void FileListBox::Refresh() {
+  std::vector<String> names;
+  try {
+    names = FilesIn(Path);
+  } catch (const RuntimeError&) {
+    // A folder that can't be read shows no files.
+  }
+  DropHidden(names);
+  std::erase_if(names, [this](const String& name) { return !FitsPattern(name, Pattern.Get()); });
+  if (names == List.Get()) return;
+  Selected = std::set<int>{};
+  ListIndex = -1;
+  List = std::move(names);
+}

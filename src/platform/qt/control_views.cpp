@@ -1,0 +1,61 @@
+#include "platform/qt/control_views.h"
+
+#include "platform/qt/group_frame.h"
+#include "platform/qt/strings.h"
+
+namespace {
+
+class Maker : public ControlVisitor {
+ public:
+  explicit Maker(Bindings& bindings) : bindings_(bindings) {}
+  void Visit(Label& control) override { Make(control); }
+  void Visit(Image& control) override { Make(control); }
+  void Visit(CommandButton& control) override { Make(control); }
+  void Visit(TextBox& control) override { Make(control); }
+  void Visit(CheckBox& control) override { Make(control); }
+  void Visit(OptionButton& control) override { Make(control); }
+  void Visit(ListBox& control) override { Make(control); }
+  void Visit(ComboBox& control) override { Make(control); }
+  void Visit(TabStrip& control) override { Make(control); }
+  void Visit(ProgressBar& control) override { Make(control); }
+  void Visit(DriveListBox& control) override { Make(control); }
+  void Visit(DirListBox& control) override { Make(control); }
+  void Visit(FileListBox& control) override { Make(control); }
+  void Visit(RichTextBox& control) override { Make(control); }
+  void Visit(ToolBar& control) override { Make(control); }
+  void Visit(StatusBar& control) override { Make(control); }
+
+  QWidget* Widget = nullptr;
+
+ private:
+  template <class AnyControl>
+  void Make(AnyControl& control) {
+    Widget = MakeView(control, bindings_);
+  }
+
+  Bindings& bindings_;
+};
+
+}  // namespace
+
+QString PlainToolTip(const String& text) {
+  const QString plain = ToQt(text);
+  return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
+}
+
+QWidget* MakeControlView(Control& control, Bindings& bindings) {
+  Maker maker(bindings);
+  control.Accept(maker);
+  QWidget* const widget = maker.Widget;
+  // Showing a widget that has no parent yet would make it a window.
+  if (!control.Visible) widget->hide();
+  bindings.Watch(control.Visible, [&control, widget] {
+    widget->setVisible(control.Visible);
+    UpdateGroup(widget->parentWidget());
+  });
+  bindings.Follow(control.Enabled, [&control, widget] { widget->setEnabled(control.Enabled); });
+  bindings.Follow(control.ToolTipText,
+                  [&control, widget] { widget->setToolTip(PlainToolTip(control.ToolTipText)); });
+  bindings.Watch(control.FocusRequested, [widget] { widget->setFocus(Qt::OtherFocusReason); });
+  return widget;
+}

@@ -1,0 +1,11 @@
+#pragma once
+// What the views of list boxes and of file lists share.
+
+#include <QListView>
+
+#include "platform/controls.h"
+#include "platform/qt/bindings.h"
+
+// A list view tied to the rows, the current row and the marks of a list.
+QListView* MakeRowsView(ListControl& list, Property<std::set<int>>& selected, ListBox::Marks marks,
+                        Bindings& bindings);

@@ -1,0 +1,14 @@
+#pragma once
+// Menus from menu items.
+
+#include <QMenu>
+#include <QMenuBar>
+
+#include "platform/bars.h"
+#include "platform/qt/bindings.h"
+
+// Puts the menus on the bar; they change with their items.
+void BuildMenuBar(QMenuBar& bar, const std::vector<MenuItem*>& menus, Bindings& bindings);
+
+// Fills a menu that opens by itself, as from a button.
+void FillMenu(QMenu& menu, const std::vector<MenuItem*>& items, Bindings& bindings);

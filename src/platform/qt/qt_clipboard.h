@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/window_system.h"
+
+class QtClipboard : public Clipboard {
+ public:
+  bool HasText() const override;
+  String GetText() const override;
+  void SetText(StringView text) override;
+  void Clear() override;
+};

@@ -1,0 +1,226 @@
+#include "platform/qt/text_edit.h"
+
+#include <QApplication>
+#include <QTextBlock>
+#include <algorithm>
+
+#include "platform/qt/clipboard_text.h"
+#include "platform/runtime_error.h"
+
+namespace {
+
+StringView View(const QString& text) {
+  return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
+
+bool HoldsLongLine(const QString& raw) {
+  qsizetype start = 0;
+  while (raw.size() - start > kLongLine) {
+    const qsizetype end = raw.indexOf(QChar::ParagraphSeparator, start);
+    if (end < 0 || end - start > kLongLine) return true;
+    start = end + 1;
+  }
+  return false;
+}
+
+}  // namespace
+
+class TextEdit::Hold {
+ public:
+  explicit Hold(TextEdit& edit) : edit_(edit) { ++edit_.held_; }
+  ~Hold() { --edit_.held_; }
+  Hold(const Hold&) = delete;
+  Hold& operator=(const Hold&) = delete;
+
+ private:
+  TextEdit& edit_;
+};
+
+TextEdit::TextEdit() {
+  // The program has its own undo.
+  setUndoRedoEnabled(false);
+  setFrameShape(QFrame::NoFrame);
+  setMinimumSize(200, 100);
+  setAccessibleName(QStringLiteral("Text"));
+
+  connect(document(), &QTextDocument::contentsChange, this, &TextEdit::NoteChange);
+  connect(this, &QPlainTextEdit::textChanged, this, &TextEdit::Report);
+  // A change moves the caret before it is told; textChanged follows and reports both in order.
+  const auto moved = [this] {
+    if (!edited_) Report();
+  };
+  connect(this, &QPlainTextEdit::cursorPositionChanged, this, moved);
+  connect(this, &QPlainTextEdit::selectionChanged, this, moved);
+}
+
+String TextEdit::Text() const { return conversion_.FromDocument(document()->toRawText()); }
+
+void TextEdit::SetText(StringView text) {
+  {
+    Hold hold(*this);
+    auto raw = conversion_.ToDocument(text);
+    if (!raw) {
+      const DocumentText other = DocumentText::For({text});
+      raw = other.ToDocument(text);
+      conversion_ = other;
+    } else if (raw->size() == document()->characterCount() - 1 && *raw == document()->toRawText()) {
+      Select(0, 0);
+      raw.reset();
+    }
+    if (raw) {
+      // Before the text is laid out.
+      setWordWrapMode(HoldsLongLine(*raw) ? QTextOption::WrapAnywhere
+                                          : QTextOption::WrapAtWordBoundaryOrAnywhere);
+      setPlainText(*raw);
+    }
+  }
+  Report();
+}
+
+String TextEdit::SelectedText() const {
+  return conversion_.FromDocument(textCursor().selectedText());
+}
+
+void TextEdit::Insert(StringView text) {
+  {
+    Hold hold(*this);
+    if (const auto raw = conversion_.ToDocument(text)) {
+      if (HoldsLongLine(*raw)) setWordWrapMode(QTextOption::WrapAnywhere);
+      QTextCursor cursor = textCursor();
+      if (cursor.selectedText() == *raw)
+        cursor.setPosition(cursor.selectionEnd());
+      else
+        cursor.insertText(*raw);
+      setTextCursor(cursor);
+    } else {
+      InsertWithOtherStandIns(text);
+    }
+  }
+  Report();
+}
+
+void TextEdit::InsertWithOtherStandIns(StringView text) {
+  const QTextCursor cursor = textCursor();
+  const QString raw = document()->toRawText();
+  const String before = conversion_.FromDocument(QStringView(raw).first(cursor.selectionStart()));
+  const String after = conversion_.FromDocument(QStringView(raw).sliced(cursor.selectionEnd()));
+  const DocumentText other = DocumentText::For({before, text, after});
+  // One by one: a CR at the end of a part and an LF at the start of the next are no CR LF.
+  QString whole = *other.ToDocument(before) + *other.ToDocument(text);
+  const int caret = static_cast<int>(whole.size());
+  whole += *other.ToDocument(after);
+  conversion_ = other;
+  QTextCursor all(document());
+  all.select(QTextCursor::Document);
+  all.insertText(whole);
+  Select(caret, caret);
+}
+
+void TextEdit::InsertByUser(StringView text) {
+  if (isReadOnly()) return;
+  try {
+    Insert(text);
+  } catch (const RuntimeError&) {
+    QApplication::beep();
+  }
+}
+
+void TextEdit::Select(int anchor, int caret) {
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(anchor);
+  cursor.setPosition(caret, QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+  ensureCursorVisible();
+}
+
+void TextEdit::SetLocked(bool locked) {
+  setTextInteractionFlags(locked ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                 : Qt::TextEditorInteraction);
+  // Brings back the caret, which a change of these flags hides.
+  setTextCursor(textCursor());
+}
+
+TextEdit::Selection TextEdit::CurrentSelection() const {
+  const QTextCursor cursor = textCursor();
+  return {cursor.anchor(), cursor.position()};
+}
+
+void TextEdit::NoteChange(int position, int removed, int added) {
+  // An input method shows what it composes as a change of the line, yet the text is the same.
+  if (composing_ && removed == added) return;
+  edited_ = true;
+  changedAt_ = position;
+}
+
+void TextEdit::Report() {
+  if (held_ > 0) return;
+  if (edited_) {
+    edited_ = false;
+    if (document()->findBlock(changedAt_).length() > kLongLine)
+      setWordWrapMode(QTextOption::WrapAnywhere);
+    if (OnEdit) OnEdit();
+  }
+  const Selection selection = CurrentSelection();
+  if (selection == reported_) return;
+  reported_ = selection;
+  if (OnMove) OnMove();
+}
+
+void TextEdit::keyPressEvent(QKeyEvent* event) {
+  const bool lineBreak = event->matches(QKeySequence::InsertLineSeparator);
+  if (isReadOnly() || !(lineBreak || conversion_.NeedsConversion(View(event->text())))) {
+    QPlainTextEdit::keyPressEvent(event);
+    return;
+  }
+  InsertByUser(lineBreak ? kCrLf : View(event->text()));
+  event->accept();
+}
+
+void TextEdit::inputMethodEvent(QInputMethodEvent* event) {
+  const QString commit = event->commitString();
+  const bool ownCommit = !isReadOnly() && conversion_.NeedsConversion(View(commit));
+  if (ownCommit)
+    event->setCommitString(QString(), event->replacementStart(), event->replacementLength());
+  composing_ = event->commitString().isEmpty() && event->replacementLength() == 0;
+  QPlainTextEdit::inputMethodEvent(event);
+  composing_ = false;
+  if (ownCommit) InsertByUser(View(commit));
+}
+
+void TextEdit::wheelEvent(QWheelEvent* event) {
+  // Not the base class, which zooms a locked text.
+  QAbstractScrollArea::wheelEvent(event);
+}
+
+void TextEdit::dragEnterEvent(QDragEnterEvent* event) {
+  if (HoldsFiles(*event->mimeData()))
+    event->ignore();
+  else
+    QPlainTextEdit::dragEnterEvent(event);
+}
+
+void TextEdit::dragMoveEvent(QDragMoveEvent* event) {
+  if (HoldsFiles(*event->mimeData()))
+    event->ignore();
+  else
+    QPlainTextEdit::dragMoveEvent(event);
+}
+
+void TextEdit::dropEvent(QDropEvent* event) {
+  if (HoldsFiles(*event->mimeData()))
+    event->ignore();
+  else
+    QPlainTextEdit::dropEvent(event);
+}
+
+QMimeData* TextEdit::createMimeDataFromSelection() const {
+  auto* const copied = new QMimeData;
+  copied->setText(ToClipboard(SelectedText()));
+  return copied;
+}
+
+bool TextEdit::canInsertFromMimeData(const QMimeData* source) const { return HoldsText(*source); }
+
+void TextEdit::insertFromMimeData(const QMimeData* source) {
+  if (source && HoldsText(*source)) InsertByUser(FromClipboard(source->text()));
+}

@@ -1,0 +1,67 @@
+#pragma once
+// The widget of the edit control: a plain text editor that keeps every character as it came, also
+// from the keyboard, the clipboard and a drop.
+
+#include <QPlainTextEdit>
+#include <functional>
+
+#include "platform/qt/document_text.h"
+
+// Wrapping at words takes a time that grows with the square of a line without blanks: 15 s for
+// 1 MB. From this length on (UTF-16 units) lines wrap anywhere, which is linear.
+inline constexpr int kLongLine = 20000;
+
+class TextEdit : public QPlainTextEdit {
+ public:
+  TextEdit();
+
+  String Text() const;
+  // Puts the caret at the start. RuntimeError when there are no stand-ins for this text, and the
+  // text stays.
+  void SetText(StringView text);
+  String SelectedText() const;
+  // Replaces the selection and puts the caret behind. RuntimeError as above.
+  void Insert(StringView text);
+  // Positions in the document.
+  void Select(int anchor, int caret);
+  // The user may not change the text, yet sees and moves the caret.
+  void SetLocked(bool locked);
+
+  // After each change of the text, then after each move of caret or selection.
+  std::function<void()> OnEdit;
+  std::function<void()> OnMove;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  QMimeData* createMimeDataFromSelection() const override;
+  bool canInsertFromMimeData(const QMimeData* source) const override;
+  void insertFromMimeData(const QMimeData* source) override;
+
+ private:
+  // Between these two nothing is reported; the second one reports.
+  class Hold;
+  struct Selection {
+    int Anchor = 0;
+    int Caret = 0;
+    bool operator==(const Selection&) const = default;
+  };
+
+  void NoteChange(int position, int removed, int added);
+  void Report();
+  void InsertWithOtherStandIns(StringView text);
+  // A text that can't be taken gives a beep.
+  void InsertByUser(StringView text);
+  Selection CurrentSelection() const;
+
+  DocumentText conversion_;
+  Selection reported_;
+  int changedAt_ = 0;
+  int held_ = 0;
+  bool edited_ = false;
+  bool composing_ = false;
+};

@@ -1,0 +1,35 @@
+#include "platform/byte_lines.h"
+#include "platform/encoding.h"
+#include "platform/format_probe.h"
+#include "platform/runtime_error.h"
+#include "platform/text_file.h"
+
+struct TextReader::State {
+  explicit State(const String& path) : State(InputFile(path)) {}
+  explicit State(InputFile file)
+      : Shape(ProbeFile(file)), Lines(std::move(file), Shape.Format, Shape.Bytes) {}
+
+  FileShape Shape;
+  ByteLines Lines;
+  // Only ever grows.
+  String Line;
+};
+
+TextReader::TextReader(const String& path) : state_(std::make_unique<State>(path)) {}
+TextReader::TextReader(TextReader&&) noexcept = default;
+TextReader& TextReader::operator=(TextReader&&) noexcept = default;
+TextReader::~TextReader() = default;
+
+const TextFormat& TextReader::Format() const { return state_->Shape.Format; }
+
+bool TextReader::AtEnd() const { return state_->Lines.AtEnd(); }
+
+StringView TextReader::ReadLine() {
+  if (AtEnd()) throw RuntimeError(kInputPastEnd, "Input past the end of the file");
+  const std::string_view bytes = state_->Lines.NextLine().Bytes;
+  String& line = state_->Line;
+  if (line.size() < bytes.size()) line.resize(bytes.size());
+  return Decode(bytes, Format().Encoding, line.data());
+}
+
+void TextReader::Rewind() { state_->Lines.Rewind(); }

@@ -1,0 +1,173 @@
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "form_fixture.h"
+
+namespace {
+
+struct MainForm : Form {
+  explicit MainForm(WindowSystem& system) : Form(system), Editor(system.CreateRichTextBox()) {
+    Save.Shortcut = u"Ctrl+S";
+    Dash.Separator = true;
+    Wrap.Checkable = true;
+    Deep.Items = {&Leaf};
+    File.Items = {&Save, &Dash, &Wrap, &Deep};
+    Find.Caption = u"&Find Text...";
+    Find.Icon = u"find";
+    Tools.Buttons = {&Find, nullptr, &Undo};
+    Ends.Text = u"Unix & co";
+    Ends.Choices = {&Unix, &Dos};
+    Bar.Panels = {&Ends, &Place};
+    Editor->ContextMenu = &File;
+  }
+  Frame Style() const override { return Frame::Main; }
+  std::vector<MenuItem*> Menus() override { return {&File}; }
+  Layout Content() override { return Column({Tools, *Editor, Row({FindWhat, FindText}), Bar}); }
+  void DropFiles(const std::vector<String>& paths) override { Dropped = paths; }
+  void CloseByFrame() override { ++Closed; }
+
+  MenuItem File{u"&File"}, Save{u"&Save"}, Dash, Wrap{u"&Word Wrap"}, Deep{u"Deep"}, Leaf{u"Leaf"};
+  MenuItem Unix{u"Unix"}, Dos{u"Windows"};
+  CommandButton Find, Undo;
+  ToolBar Tools;
+  StatusPanel Ends, Place;
+  StatusBar Bar;
+  std::unique_ptr<RichTextBox> Editor;
+  Label FindWhat;
+  TextBox FindText;
+  std::vector<String> Dropped;
+  int Closed = 0;
+};
+
+class Bars : public FormTest {
+ protected:
+  Bars() { form.Show(); }
+  QMainWindow* Window() { return qobject_cast<QMainWindow*>(windows.WindowOf(form)); }
+  QMenu* FileMenu() { return Window()->menuBar()->actions().constFirst()->menu(); }
+  MainForm form{windows};
+};
+
+TEST_F(Bars, MenusFollowTheirItems) {
+  const auto actions = FileMenu()->actions();
+  ASSERT_EQ(actions.size(), 4);
+  EXPECT_EQ(actions[0]->shortcut(), QKeySequence("Ctrl+S"));
+  EXPECT_TRUE(actions[1]->isSeparator());
+  form.Save.Caption = u"S&tore";
+  form.Save.Enabled = false;
+  form.Wrap.Checked = true;
+  form.Deep.Visible = false;
+  EXPECT_EQ(actions[0]->text(), "S&tore");
+  EXPECT_FALSE(actions[0]->isEnabled());
+  EXPECT_TRUE(actions[2]->isChecked());
+  EXPECT_FALSE(actions[3]->isVisible());
+}
+
+TEST_F(Bars, AnEntryRunsItsHandlerAndKeepsTheMarkThatTheHandlerLeaves) {
+  int opened = 0, clicked = 0;
+  form.File.OnOpen = [&] { ++opened; };
+  form.Wrap.OnClick = [&] { ++clicked; };
+  Q_EMIT FileMenu()->aboutToShow();
+  QAction* wrap = FileMenu()->actions()[2];
+  wrap->trigger();
+  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(clicked, 1);
+  EXPECT_FALSE(wrap->isChecked()) << "the handler has not turned it";
+  form.Wrap.OnClick = [&] { form.Wrap.Checked = !form.Wrap.Checked; };
+  wrap->trigger();
+  EXPECT_TRUE(wrap->isChecked());
+}
+
+TEST_F(Bars, AKeyOfTheMenuBeatsTheEditor) {
+  int undone = 0;
+  form.Unload();
+  form.Leaf.Shortcut = u"Ctrl+Z";
+  form.Leaf.OnClick = [&] { ++undone; };
+  form.Show();
+  Window()->activateWindow();
+  form.Editor->SetFocus();
+  windows.DoEvents();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(undone, 1);
+}
+
+TEST_F(Bars, ToolButtonsShowIconsAndTellTheirNames) {
+  auto* tools = Find<QToolBar>(form);
+  EXPECT_EQ(tools->toolButtonStyle(), Qt::ToolButtonIconOnly);
+  QAction* find = tools->actions().constFirst();
+  EXPECT_EQ(find->toolTip(), "Find Text");
+  form.Find.ToolTipText = u"Searches";
+  EXPECT_EQ(find->toolTip(), "Searches");
+  EXPECT_TRUE(tools->actions().at(1)->isSeparator());
+  int clicked = 0;
+  form.Find.OnClick = [&] { ++clicked; };
+  find->trigger();
+  form.Find.Enabled = false;
+  find->trigger();
+  EXPECT_EQ(clicked, 1);
+}
+
+TEST_F(Bars, StatusPanelsOfferTheirChoicesAndStandStill) {
+  auto* panel = Find<QStatusBar>(form)->findChild<QToolButton*>();
+  EXPECT_EQ(panel->text(), "Unix && co");
+  const int width = panel->minimumWidth();
+  form.Ends.Text = u"x";
+  EXPECT_EQ(panel->minimumWidth(), width);
+  EXPECT_TRUE(panel->focusPolicy() & Qt::TabFocus);
+  int chosen = 0;
+  form.Dos.OnClick = [&] { ++chosen; };
+  panel->menu()->actions().at(1)->trigger();
+  EXPECT_EQ(chosen, 1);
+  form.Bar.Message = u"Saved";
+  EXPECT_EQ(Find<QStatusBar>(form)->findChild<QLabel*>()->text(), "Saved");
+}
+
+TEST_F(Bars, FilesDroppedOnTheTextReachTheForm) {
+  auto* target = Window()->centralWidget()->findChild<QPlainTextEdit*>()->viewport();
+  const auto drop = [&](const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent event({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &event);
+  };
+  drop({QUrl::fromLocalFile("/tmp/a b.txt"), QUrl("http://example.org/x"),
+        QUrl::fromEncoded("file:///tmp/%E9")});
+  EXPECT_EQ(form.Dropped, (std::vector<String>{u"/tmp/a b.txt", u"/tmp/\xDCE9"}));
+  EXPECT_EQ(form.Editor->Text(), u"");
+}
+
+TEST_F(Bars, TheEditorOutlivesItsWindow) {
+  form.Editor->SetText(u"kept");
+  form.Unload();
+  windows.DoEvents();
+  EXPECT_EQ(form.Editor->Text(), u"kept");
+  form.Show();
+  EXPECT_TRUE(Window()->findChild<QPlainTextEdit*>()->isVisible());
+}
+
+TEST_F(Bars, AMainWindowIsClosedByItsFrameAndNotByEscape) {
+  QTest::keyClick(Window(), Qt::Key_Escape);
+  EXPECT_EQ(form.Closed, 0);
+  Window()->close();
+  EXPECT_EQ(form.Closed, 1);
+  EXPECT_TRUE(Window()->isVisible());
+}
+
+TEST_F(Bars, HiddenBarsStayHidden) {
+  form.Unload();
+  form.Tools.Visible = false;
+  form.Show();
+  EXPECT_FALSE(Find<QToolBar>(form)->isVisible());
+  form.Tools.Visible = true;
+  EXPECT_TRUE(Find<QToolBar>(form)->isVisible());
+}
+
+}  // namespace

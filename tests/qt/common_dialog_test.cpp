@@ -1,0 +1,71 @@
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+#include "form_fixture.h"
+#include "platform/qt/qt_common_dialog.h"
+#include "platform/runtime_error.h"
+
+namespace {
+
+using CommonDialogs = FormTest;
+
+QFileDialog* Open() { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()); }
+
+TEST_F(CommonDialogs, CancelIsAnErrorAndChangesNothing) {
+  auto dialog = windows.CreateCommonDialog();
+  dialog->FileName = u"/tmp/a.txt";
+  dialog->FilterIndex = 2;
+  for (const bool save : {false, true}) {
+    Meanwhile([] { Open()->reject(); });
+    try {
+      save ? dialog->ShowSave() : dialog->ShowOpen();
+      FAIL();
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Code, kDialogCancelled);
+    }
+    EXPECT_EQ(dialog->FileName, u"/tmp/a.txt");
+    EXPECT_EQ(dialog->FileTitle, u"");
+    EXPECT_EQ(dialog->FilterIndex, 2);
+  }
+}
+
+TEST_F(CommonDialogs, TheFileChosenAndItsFolderAreKept) {
+  QTemporaryDir folder;
+  auto dialog = windows.CreateCommonDialog();
+  dialog->DialogTitle = u"Save List of Files As";
+  dialog->InitDir = FromQt(folder.path());
+  dialog->FileName = u"/elsewhere/list.wff";
+  dialog->Filter = u"List (*.wff)|*.wff|All Files (*.*)|*.*";
+  dialog->FilterIndex = 2;
+  Meanwhile([&] {
+    QFileDialog* shown = Open();
+    EXPECT_EQ(shown->windowTitle(), "Save List of Files As");
+    EXPECT_EQ(shown->selectedNameFilter(), "All Files (*)");
+    auto* name = shown->findChild<QLineEdit*>();
+    EXPECT_EQ(name->text(), "list.wff");
+    name->setText("other");
+    static_cast<QDialog*>(shown)->accept();
+  });
+  dialog->ShowSave();
+  EXPECT_EQ(dialog->FileName, FromQt(folder.filePath("other")));
+  EXPECT_EQ(dialog->FileTitle, u"other");
+
+  auto next = windows.CreateCommonDialog();
+  Meanwhile([&] {
+    EXPECT_EQ(Open()->directory().absolutePath(), folder.path());
+    Open()->reject();
+  });
+  EXPECT_THROW(next->ShowOpen(), RuntimeError);
+}
+
+TEST(NameFilter, BecomesQtsOwn) {
+  const std::vector<std::pair<String, QStringList>> cases{
+      {u"", {}},
+      {u"Texts|*.txt;*.asc|All Files (*.*)|*.*", {"Texts (*.txt *.asc)", "All Files (*)"}},
+      {u"Lists (*.wff)|*.wff|left over", {"Lists (*.wff)"}},
+  };
+  for (const auto& [filter, expected] : cases) EXPECT_EQ(NameFilters(filter), expected);
+}
+
+}  // namespace
