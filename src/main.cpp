@@ -69,6 +69,7 @@ int main(int argc, char** argv) {
   if (option == "--help") return std::cout << kHelp << std::flush ? 0 : 1;
   try {
     const std::vector<String> arguments = TextOf(argc, argv);
+    if (option == kKeepClipboardOption) return RunAsClipboardKeeper(argc, argv);
     if (option == "--tool") return RunTool(arguments);
     if (option.starts_with("--")) {
       std::cerr << "wordflurn: unknown option " << option << "; see wordflurn --help\n";

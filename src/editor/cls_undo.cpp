@@ -82,16 +82,17 @@ bool clsUndo::TakeUndoSnapShot() {
 
 bool clsUndo::Snapshot() {
   timer_->SetEnabled(false);
-  String text = control_->Text();
-  if (text == baseText_ && !undo_.empty()) return false;
+  std::shared_ptr<const String> text = control_->Text();
+  const bool same = text == baseText_ || *text == *baseText_;
+  if (same && !undo_.empty()) return false;
 
-  const CommonLengths common = FindCommonLengths(baseText_, text);
+  const CommonLengths common = FindCommonLengths(*baseText_, *text);
   const auto blockOf = [common](const String& whole) {
     return whole.substr(common.Front, whole.size() - common.Front - common.End);
   };
   clsUndoElement record;
-  record.TextBlock_BeforeChange = blockOf(baseText_);
-  record.TextBlock_AfterChange = blockOf(text);
+  record.TextBlock_BeforeChange = blockOf(*baseText_);
+  record.TextBlock_AfterChange = blockOf(*text);
   record.FrontLength = common.Front;
   record.EndLength = common.End;
   record.SelStartBefore = previous_.Start;
@@ -154,9 +155,9 @@ bool clsUndo::Travel(int count, Direction direction) {
 }
 
 void clsUndo::Apply(const clsUndoElement& record, Direction direction) {
-  control_->ReplaceBlock(record.FrontLength, record.EndLength,
-                         direction == Direction::Back ? record.TextBlock_BeforeChange
-                                                      : record.TextBlock_AfterChange);
+  control_->ReplaceBlock(
+      record.FrontLength, record.EndLength,
+      direction == Direction::Back ? record.TextBlock_BeforeChange : record.TextBlock_AfterChange);
 }
 
 void clsUndo::Suspend(bool suspend) {

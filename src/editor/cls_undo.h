@@ -78,7 +78,8 @@ class clsUndo {
   std::vector<clsUndoElement> undo_;
   std::vector<clsUndoElement> redo_;
   bool tracking_ = false;
-  String baseText_;
+  // The text as last recorded.
+  std::shared_ptr<const String> baseText_;
   Selection previous_;
   Selection current_;
   String failure_;

@@ -5,7 +5,7 @@ namespace {
 class RichTextBoxControl : public UndoControl {
  public:
   explicit RichTextBoxControl(RichTextBox& box) : box_(box) {}
-  String Text() const override { return box_.Text(); }
+  std::shared_ptr<const String> Text() const override { return box_.SharedText(); }
   std::size_t SelStart() const override { return box_.SelStart(); }
   std::size_t SelLength() const override { return box_.SelLength(); }
   void Select(std::size_t start, std::size_t length) override {
@@ -32,19 +32,19 @@ void RichTextBoxControl::ReplaceBlock(std::size_t front, std::size_t end, String
     box_.SetSelText(block);
     return;
   }
-  const String text = box_.Text();
-  const StringView view = text;
+  const std::shared_ptr<const String> text = box_.SharedText();
+  const StringView view = *text;
   box_.SetText(String(view.substr(0, front)) + String(block) + String(view.substr(length - end)));
 }
 
 class TextBoxControl : public UndoControl {
  public:
   explicit TextBoxControl(TextBox& box) : box_(box) {}
-  String Text() const override { return box_.Text; }
-  std::size_t SelStart() const override { return static_cast<std::size_t>(box_.SelStart.Get()); }
-  std::size_t SelLength() const override {
-    return static_cast<std::size_t>(box_.SelLength.Get());
+  std::shared_ptr<const String> Text() const override {
+    return std::make_shared<const String>(box_.Text.Get());
   }
+  std::size_t SelStart() const override { return static_cast<std::size_t>(box_.SelStart.Get()); }
+  std::size_t SelLength() const override { return static_cast<std::size_t>(box_.SelLength.Get()); }
   void Select(std::size_t start, std::size_t length) override {
     box_.SelStart = static_cast<int>(start);
     box_.SelLength = static_cast<int>(length);

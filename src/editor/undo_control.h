@@ -8,7 +8,7 @@
 class UndoControl {
  public:
   virtual ~UndoControl() = default;
-  virtual String Text() const = 0;
+  virtual std::shared_ptr<const String> Text() const = 0;
   virtual std::size_t SelStart() const = 0;
   virtual std::size_t SelLength() const = 0;
   virtual void Select(std::size_t start, std::size_t length) = 0;

@@ -9,5 +9,10 @@ TextFormat RichTextBox::LoadFile(const String& path) {
 }
 
 void RichTextBox::SaveFile(const String& path, const TextFormat& format) const {
-  WriteTextFile(path, Text(), format);
+  WriteTextFile(path, *SharedText(), format);
+}
+
+std::shared_ptr<const String> RichTextBox::SharedText() const {
+  if (!sharedText_) sharedText_ = std::make_shared<const String>(Text());
+  return sharedText_;
 }

@@ -52,7 +52,7 @@ class RichTextBox : public Control {
 
   // Where the caret is: the end of the selection that moves.
   virtual TextPlace Caret() const = 0;
-  // The line at the top, counted from 0.
+  // The line at the top, counted from 0 as drawn: a wrapped line counts as several.
   virtual std::size_t FirstVisibleLine() const = 0;
   virtual void SetFirstVisibleLine(std::size_t line) = 0;
   // While it is off, changes are not drawn.
@@ -86,7 +86,7 @@ class RichTextBox : public Control {
   std::function<void()> OnMouseDown;
 
  protected:
-  // For implementations: the text is no longer what it was, before OnChange is called.
+  // For implementations: the text has changed just now.
   void TextIsAnother() { sharedText_.reset(); }
 
  private:

@@ -10,5 +10,14 @@
 using WindowSystemFactory = WindowSystem*(int& argc, char** argv);
 inline constexpr char kWindowSystemFactory[] = "CreateWindowSystem";
 
+// A process of this program's own that holds the clipboard's text after the program has ended; its
+// only argument is this option.
+using ClipboardKeeper = int(int& argc, char** argv);
+inline constexpr char kClipboardKeeper[] = "RunClipboardKeeper";
+inline constexpr char kKeepClipboardOption[] = "--keep-clipboard";
+
+// Runs as that process and returns its exit status. RuntimeError as below.
+int RunAsClipboardKeeper(int& argc, char** argv);
+
 // RuntimeError with one line for the user when there is no display or no module.
 std::unique_ptr<WindowSystem> LoadWindowSystem(int& argc, char** argv);

@@ -17,7 +17,7 @@ class RichTextBoxContract : public testing::TestWithParam<MakeRichTextBox> {
     box.OnSelChange = [this] { events += 's'; };
   }
 
-  // What was reported since the last call: "c" a change, "s" a move of the selection.
+  // What was reported since the last call: "s" a move, "c" a change of the selection.
   std::string Events() { return std::exchange(events, {}); }
 
   void Select(std::size_t start, std::size_t length) {
@@ -145,11 +145,11 @@ TEST_P(RichTextBoxContract, EachChangeIsReportedOnceAndBeforeTheMove) {
       {"a selection", [&] { box.SetSelLength(3); }, "s"},
       {"the selection by itself", [&] { box.SetSelText(u"\rt"); }, "s"},
       {"nothing by nothing", [&] { box.SetSelText(u""); }, ""},
-      {"an insertion", [&] { box.SetSelText(u"x\ry"); }, "cs"},
+      {"an insertion", [&] { box.SetSelText(u"x\ry"); }, "sc"},
       {"the same text, caret to the start", [&] { box.SetText(u"one\r\ntx\r\nywo"); }, "s"},
       {"a deletion in place", [&] { Select(0, 0), Events(), box.SetSelText(u""); }, ""},
-      {"other stand-ins", [&] { box.SetSelText(u"\u2028\uFDD2"); }, "cs"},
-      {"another text", [&] { box.SetText(u"three"); }, "cs"},
+      {"other stand-ins", [&] { box.SetSelText(u"\u2028\uFDD2"); }, "sc"},
+      {"another text", [&] { box.SetText(u"three"); }, "sc"},
       {"all gone", [&] { box.SetText(u""); }, "c"},
   };
   for (const auto& step : steps) {

@@ -28,8 +28,7 @@ void StringRichTextBox::SetText(StringView text) {
   const bool moved = anchor_ != 0 || caret_ != 0;
   text_ = std::move(next);
   anchor_ = caret_ = 0;
-  if (changed) Run(OnChange);
-  if (moved) Run(OnSelChange);
+  Report(changed, moved);
 }
 
 void StringRichTextBox::SetSelStart(std::size_t position) { Select(position, position); }
@@ -48,8 +47,7 @@ void StringRichTextBox::SetSelText(StringView text) {
   const bool moved = anchor_ != end || caret_ != end;
   if (changed) text_.replace(start, length, piece);
   anchor_ = caret_ = end;
-  if (changed) Run(OnChange);
-  if (moved) Run(OnSelChange);
+  Report(changed, moved);
 }
 
 TextPlace StringRichTextBox::Caret() const {
@@ -63,6 +61,12 @@ TextPlace StringRichTextBox::Caret() const {
 std::size_t StringRichTextBox::CaretPlace(std::size_t position) const {
   if (position >= text_.size()) return text_.size();
   return position > 0 && text_[position - 1] == kCr ? position - 1 : position;
+}
+
+void StringRichTextBox::Report(bool changed, bool moved) {
+  if (changed) TextIsAnother();
+  if (moved) Run(OnSelChange);
+  if (changed) Run(OnChange);
 }
 
 void StringRichTextBox::Select(std::size_t anchor, std::size_t caret) {

@@ -18,14 +18,20 @@ class StringRichTextBox : public RichTextBox {
 
   // Reads the text up to the caret.
   TextPlace Caret() const override;
+  // Remembered only: nothing is drawn.
+  std::size_t FirstVisibleLine() const override { return firstVisibleLine_; }
+  void SetFirstVisibleLine(std::size_t line) override { firstVisibleLine_ = line; }
+  void SetRedraw(bool) override {}
   void Refresh() override {}
 
  private:
   // The place nearest to `position` where a caret can stand.
   std::size_t CaretPlace(std::size_t position) const;
+  void Report(bool changed, bool moved);
   void Select(std::size_t anchor, std::size_t caret);
 
   String text_;
   std::size_t anchor_ = 0;
   std::size_t caret_ = 0;
+  std::size_t firstVisibleLine_ = 0;
 };

@@ -40,16 +40,26 @@ void* OpenModule() {
                                         ToUtf8(JoinPath(folder, kPlaces.front())));
 }
 
-}  // namespace
-
-std::unique_ptr<WindowSystem> LoadWindowSystem(int& argc, char** argv) {
+template <class Function>
+Function* FindInModule(const char* name) {
   if (!CanShowWindows())
     throw RuntimeError(kInvalidCall,
                        "No display: set DISPLAY or WAYLAND_DISPLAY, or name a tool to run without "
                        "windows.");
   // Never closed: the toolkit in it does not survive that.
-  void* module = OpenModule();
-  auto* create = reinterpret_cast<WindowSystemFactory*>(dlsym(module, kWindowSystemFactory));
-  if (!create) throw RuntimeError(kFileNotFound, "The window module does not fit: " + LastError());
-  return std::unique_ptr<WindowSystem>(create(argc, argv));
+  auto* function = reinterpret_cast<Function*>(dlsym(OpenModule(), name));
+  if (!function)
+    throw RuntimeError(kFileNotFound, "The window module does not fit: " + LastError());
+  return function;
+}
+
+}  // namespace
+
+std::unique_ptr<WindowSystem> LoadWindowSystem(int& argc, char** argv) {
+  return std::unique_ptr<WindowSystem>(
+      FindInModule<WindowSystemFactory>(kWindowSystemFactory)(argc, argv));
+}
+
+int RunAsClipboardKeeper(int& argc, char** argv) {
+  return FindInModule<ClipboardKeeper>(kClipboardKeeper)(argc, argv);
 }

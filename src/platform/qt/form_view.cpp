@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "platform/qt/file_drop.h"
+#include "platform/qt/keyboard.h"
 #include "platform/qt/menu_builder.h"
 #include "platform/qt/strings.h"
 #include "platform/qt/window_place.h"
@@ -59,6 +60,7 @@ void FormView::Build() {
   }
   FindButtons();
   SetTabOrder();
+  if (IsMain()) FollowKeyboard(form_, *window_, controls_, *bindings_);
 }
 
 void FormView::FindButtons() {

@@ -4,8 +4,16 @@
 
 namespace {
 
+// The key stands beside the caption only; the form itself sees the key and runs the command.
+QString TextOf(const MenuItem& item) {
+  const QString caption = ToQt(item.Caption);
+  if (item.Shortcut.empty()) return caption;
+  const QKeySequence keys(ToQt(item.Shortcut), QKeySequence::PortableText);
+  return caption + QLatin1Char('\t') + keys.toString(QKeySequence::NativeText);
+}
+
 void BindItem(QAction& action, MenuItem& item, Bindings& bindings) {
-  bindings.Follow(item.Caption, [&] { action.setText(ToQt(item.Caption)); });
+  bindings.Follow(item.Caption, [&] { action.setText(TextOf(item)); });
   bindings.Follow(item.Visible, [&] { action.setVisible(item.Visible); });
   bindings.Follow(item.Enabled, [&] { action.setEnabled(item.Enabled); });
 }
@@ -26,7 +34,6 @@ QAction* MakeEntry(MenuItem& item, QMenu& menu, Bindings& bindings) {
   action->setSeparator(item.Separator);
   // Qt would guess a role from the caption and move the entry on some systems.
   action->setMenuRole(QAction::NoRole);
-  action->setShortcut(QKeySequence(ToQt(item.Shortcut), QKeySequence::PortableText));
   action->setCheckable(item.Checkable);
   bindings.Follow(item.Checked, [&item, action] { action->setChecked(item.Checked); });
   bindings.On(action, &QAction::triggered, [&item, action] {

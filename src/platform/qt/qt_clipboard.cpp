@@ -8,7 +8,7 @@
 
 bool QtClipboard::HasText() const {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-  return data && data->hasText();
+  return data && HoldsText(*data);
 }
 
 String QtClipboard::GetText() const { return FromClipboard(QGuiApplication::clipboard()->text()); }

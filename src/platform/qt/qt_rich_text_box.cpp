@@ -1,6 +1,7 @@
 #include "platform/qt/qt_rich_text_box.h"
 
 #include <QTextBlock>
+#include <climits>
 
 #include "platform/qt/fonts.h"
 
@@ -16,8 +17,15 @@ QtRichTextBox::QtRichTextBox()
       rightMarginChanged_(RightMargin.Observe([this] { ApplyWrap(); })),
       fontChanged_(Font.Observe([this] { ApplyFont(); })) {
   ApplyFont();
+  edit_->OnTouch = [this] { TextIsAnother(); };
   edit_->OnEdit = [this] {
     if (OnChange) OnChange();
+  };
+  edit_->OnKey = [this](KeyEvent& key) {
+    if (OnKeyDown) OnKeyDown(key);
+  };
+  edit_->OnMouse = [this] {
+    if (OnMouseDown) OnMouseDown();
   };
   edit_->OnMove = [this] {
     if (OnSelChange) OnSelChange();
@@ -63,6 +71,16 @@ TextPlace QtRichTextBox::Caret() const {
   return {.Line = static_cast<std::size_t>(cursor.block().blockNumber()) + 1,
           .Column = static_cast<std::size_t>(cursor.positionInBlock()) + 1};
 }
+
+std::size_t QtRichTextBox::FirstVisibleLine() const {
+  return static_cast<std::size_t>(edit_->FirstVisibleLine());
+}
+
+void QtRichTextBox::SetFirstVisibleLine(std::size_t line) {
+  edit_->SetFirstVisibleLine(static_cast<int>(std::min<std::size_t>(line, INT_MAX)));
+}
+
+void QtRichTextBox::SetRedraw(bool on) { edit_->setUpdatesEnabled(on); }
 
 void QtRichTextBox::Refresh() { edit_->viewport()->repaint(); }
 

@@ -25,6 +25,9 @@ class QtRichTextBox : public RichTextBox {
   String SelText() const override;
   void SetSelText(StringView text) override;
   TextPlace Caret() const override;
+  std::size_t FirstVisibleLine() const override;
+  void SetFirstVisibleLine(std::size_t line) override;
+  void SetRedraw(bool on) override;
   void Refresh() override;
 
  private:

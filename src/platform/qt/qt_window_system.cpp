@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include "platform/qt/clipboard_keeper.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/qt_common_dialog.h"
 #include "platform/qt/qt_rich_text_box.h"
@@ -24,6 +25,10 @@ QtWindowSystem::QtWindowSystem(std::unique_ptr<QApplication> application)
   QApplication::setOrganizationName(QStringLiteral("WordFlurn"));
   QApplication::setDesktopFileName(QStringLiteral("wordflurn"));
   QApplication::setWindowIcon(NamedIcon(u"application"));
+}
+
+QtWindowSystem::~QtWindowSystem() {
+  if (application_) LeaveClipboardBehind();
 }
 
 FormView& QtWindowSystem::ViewOf(Form& form) {

@@ -12,6 +12,8 @@ class QtWindowSystem : public WindowSystem {
  public:
   // Keeps the application alive; null where another one owns it. One must exist.
   explicit QtWindowSystem(std::unique_ptr<QApplication> application = nullptr);
+  // Leaves a text that the program put on the clipboard there.
+  ~QtWindowSystem() override;
 
   void Show(Form& form) override;
   void RunModal(Form& form) override;

@@ -1,10 +1,13 @@
 #include "platform/qt/text_edit.h"
 
 #include <QApplication>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/clipboard_text.h"
+#include "platform/qt/key_codes.h"
 #include "platform/runtime_error.h"
 
 namespace {
@@ -150,23 +153,35 @@ void TextEdit::NoteChange(int position, int removed, int added) {
   if (composing_ && removed == added) return;
   edited_ = true;
   changedAt_ = position;
+  if (OnTouch) OnTouch();
 }
 
 void TextEdit::Report() {
   if (held_ > 0) return;
-  if (edited_) {
-    edited_ = false;
-    if (document()->findBlock(changedAt_).length() > kLongLine)
-      setWordWrapMode(QTextOption::WrapAnywhere);
-    if (OnEdit) OnEdit();
-  }
+  const bool edited = std::exchange(edited_, false);
+  if (edited && document()->findBlock(changedAt_).length() > kLongLine)
+    setWordWrapMode(QTextOption::WrapAnywhere);
   const Selection selection = CurrentSelection();
-  if (selection == reported_) return;
-  reported_ = selection;
-  if (OnMove) OnMove();
+  if (selection != reported_) {
+    reported_ = selection;
+    if (OnMove) OnMove();
+  }
+  if (edited && OnEdit) OnEdit();
+}
+
+int TextEdit::FirstVisibleLine() const { return verticalScrollBar()->value(); }
+
+void TextEdit::SetFirstVisibleLine(int line) { verticalScrollBar()->setValue(line); }
+
+void TextEdit::mousePressEvent(QMouseEvent* event) {
+  if (OnMouse) OnMouse();
+  QPlainTextEdit::mousePressEvent(event);
 }
 
 void TextEdit::keyPressEvent(QKeyEvent* event) {
+  KeyEvent key = ToKeyEvent(*event);
+  if (OnKey) OnKey(key);
+  if (key.Handled) return event->accept();
   const bool lineBreak = event->matches(QKeySequence::InsertLineSeparator);
   if (isReadOnly() || !(lineBreak || conversion_.NeedsConversion(View(event->text())))) {
     QPlainTextEdit::keyPressEvent(event);

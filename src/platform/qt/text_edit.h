@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <functional>
 
+#include "platform/key_event.h"
 #include "platform/qt/document_text.h"
 
 // Wrapping at words takes a time that grows with the square of a line without blanks: 15 s for
@@ -27,12 +28,21 @@ class TextEdit : public QPlainTextEdit {
   // The user may not change the text, yet sees and moves the caret.
   void SetLocked(bool locked);
 
-  // After each change of the text, then after each move of caret or selection.
-  std::function<void()> OnEdit;
+  // The line at the top, as drawn.
+  int FirstVisibleLine() const;
+  void SetFirstVisibleLine(int line);
+
+  // At once when the text is touched; nothing may be asked of the widget yet.
+  std::function<void()> OnTouch;
+  // After each move of caret or selection, then after each change of the text.
   std::function<void()> OnMove;
+  std::function<void()> OnEdit;
+  std::function<void(KeyEvent&)> OnKey;
+  std::function<void()> OnMouse;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;

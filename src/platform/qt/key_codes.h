@@ -1,0 +1,8 @@
+#pragma once
+// Qt's keys as the program numbers them.
+
+#include <QKeyEvent>
+
+#include "platform/key_event.h"
+
+KeyEvent ToKeyEvent(const QKeyEvent& event);

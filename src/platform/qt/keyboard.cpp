@@ -1,0 +1,37 @@
+#include "platform/qt/keyboard.h"
+
+#include "platform/qt/key_codes.h"
+
+namespace {
+
+class KeyPreview : public QObject {
+ public:
+  KeyPreview(Form& form, QWidget& window) : form_(form), window_(window) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // Each key once, where it arrives first: a control passes what it does not use to its parent.
+    if (event->type() != QEvent::KeyPress || watched != QApplication::focusWidget()) return false;
+    if (static_cast<QWidget*>(watched)->window() != &window_) return false;
+    KeyEvent key = ToKeyEvent(static_cast<QKeyEvent&>(*event));
+    RunGuarded([&] { form_.KeyDown(key); });
+    return key.Handled;
+  }
+
+ private:
+  Form& form_;
+  QWidget& window_;
+};
+
+}  // namespace
+
+void FollowKeyboard(Form& form, QWidget& window, const std::vector<PlacedControl>& controls,
+                    Bindings& bindings) {
+  auto* preview = new KeyPreview(form, window);
+  qApp->installEventFilter(preview);
+  bindings.AtEnd([preview] { delete preview; });
+  bindings.On(qApp, &QApplication::focusChanged, [&form, controls](QWidget*, QWidget* now) {
+    // A control that has lost the keyboard to a menu or another window is still the active one.
+    for (const auto& [control, view] : controls)
+      if (now && (view == now || view->isAncestorOf(now))) form.ActiveControl = control;
+  });
+}
