@@ -4,7 +4,7 @@ set -euo pipefail
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6widgets6)
-test_packages=(libgtest-dev xvfb openbox xdotool wmctrl x11-utils clang-format)
+test_packages=(libgtest-dev xvfb openbox xdotool wmctrl xclip clang-format)
 
 # need PACKAGE...: installs what is missing, with sudo when the user is not root.
 need() {

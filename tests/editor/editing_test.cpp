@@ -178,7 +178,9 @@ TEST(FindText, Options) {
       {u"concat cat", u"cat", 0, kWholeWord, 7},
       {u"cat_ cat1 cat", u"cat", 0, kWholeWord, 10},
       {u"\u0436cat cat\u4E00 (cat)", u"cat", 0, kWholeWord, 11},
-      {u"\xD835\xDC00" u"cat cat\xD83D\xDE00", u"cat", 0, kWholeWord, 6},
+      {u"\xD835\xDC00"
+       u"cat cat\xD83D\xDE00",
+       u"cat", 0, kWholeWord, 6},
       {u"\u03A3\u03C3\u03C2", u"\u03C2\u03C2", 0, 0, 0},
       {u"\xD801\xDC28", u"\xD801\xDC00", 0, 0, 0},
       {u"a\r\nb", u"\r\n", 0, 0, 1},

@@ -1,5 +1,8 @@
 #include "platform/qt/control_views.h"
 
+#include <QTextDocument>
+#include <QWidget>
+
 #include "platform/qt/group_frame.h"
 #include "platform/qt/strings.h"
 

@@ -1,6 +1,7 @@
 #include "platform/qt/fonts.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 QFont ToQFont(const TextFont& font) {
   const QString name = QString::fromStdU16String(font.Name);

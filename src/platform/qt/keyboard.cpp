@@ -1,5 +1,8 @@
 #include "platform/qt/keyboard.h"
 
+#include <QApplication>
+#include <QWidget>
+
 #include "platform/qt/key_codes.h"
 
 namespace {
