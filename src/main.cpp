@@ -8,8 +8,8 @@
 #include "core/startup.h"
 #include "core/tool_on_files.h"
 #include "editor/messages.h"
-#include "platform/console/console_window_system.h"
 #include "platform/runtime_error.h"
+#include "platform/terminal.h"
 #include "platform/window_module.h"
 
 namespace {
@@ -50,13 +50,14 @@ int RunTool(const std::vector<String>& arguments) {
   return RunToolOnFiles(arguments[1], std::span(arguments).subspan(2));
 }
 
-int RunInWindow(int argc, char** argv, const std::vector<String>& arguments) {
+int RunInWindow(int argc, char** argv) {
   const auto windows = LoadWindowSystem(argc, argv);
   try {
-    return Main(*windows, JoinArguments(arguments));
+    // Only now: the window system has taken its own arguments out.
+    return Main(*windows, JoinArguments(TextOf(argc, argv)));
   } catch (const RuntimeError& error) {
     std::cerr << "wordflurn: " << error.what() << '\n';
-    Messages(*windows).Notice(FromUtf8(error.what()));
+    if (!StandardErrorIsTerminal()) Messages(*windows).Notice(FromUtf8(error.what()));
     return 1;
   }
 }
@@ -68,14 +69,13 @@ int main(int argc, char** argv) {
   if (option == "--version") return std::cout << kVersion << std::flush ? 0 : 1;
   if (option == "--help") return std::cout << kHelp << std::flush ? 0 : 1;
   try {
-    const std::vector<String> arguments = TextOf(argc, argv);
     if (option == kKeepClipboardOption) return RunAsClipboardKeeper(argc, argv);
-    if (option == "--tool") return RunTool(arguments);
+    if (option == "--tool") return RunTool(TextOf(argc, argv));
     if (option.starts_with("--")) {
       std::cerr << "wordflurn: unknown option " << option << "; see wordflurn --help\n";
       return 1;
     }
-    return RunInWindow(argc, argv, arguments);
+    return RunInWindow(argc, argv);
   } catch (const std::exception& error) {
     std::cerr << "wordflurn: " << error.what() << '\n';
     return 1;

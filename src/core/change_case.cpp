@@ -17,6 +17,18 @@ constexpr StringView kUndoBroken =
     u"An serious system error occurred that prevents this function from working correctly. The "
     u"undo edit and redo edit options have been disabled.";
 
+// A name on a menu: an "&" of its own is no mnemonic, and it leaves the screen some room.
+String MenuName(StringView name) {
+  constexpr std::size_t kLongest = 80;
+  String caption;
+  for (const char16_t c : name.substr(0, kLongest)) {
+    caption += c;
+    if (c == u'&') caption += c;
+  }
+  if (name.size() > kLongest) caption += u'\u2026';
+  return caption;
+}
+
 }  // namespace
 
 ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const String& workFolder,
@@ -46,9 +58,7 @@ ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const Str
 
 ChangeCase::~ChangeCase() { Unload(); }
 
-Layout ChangeCase::Content() {
-  return Column({Picture1, RichTextBox1, Find.Layout(), Status.Bar});
-}
+Layout ChangeCase::Content() { return Column({Picture1, RichTextBox1, Find.Layout(), Status.Bar}); }
 
 void ChangeCase::WireEditor() {
   RichTextBox1.OnChange = [this] {
@@ -161,25 +171,29 @@ void ChangeCase::Load() {
 void ChangeCase::ShowCustomTools() {
   for (const auto& [number, name] : ReadCustomToolNames(Fields.CustomToolFile)) {
     MenuItem& item = Menu.CustMenus.at(static_cast<std::size_t>(number) - 1);
-    item.Caption = name;
+    item.Caption = MenuName(name);
     item.Visible = true;
     Fields.CustomToolCount = number;
   }
+  Menu.hyphen7.Visible = Menu.CustMenus.front().Visible;
   Menu.CustToolsMenu.Visible = Fields.CustomToolCount > 0;
 }
 
 void ChangeCase::OpenCommandLine() {
-  const String file = FileArgument(Fields.CommandLine);
   Fields.ViewHtmlOnStart = HasSwitch(Fields.CommandLine, u"/VIEWHTML");
-  if (!file.empty()) {
-    try {
-      Document.OpenNamed(AbsolutePath(file));
-    } catch (const RuntimeError& error) {
-      if (error.Code != kFileNotFound) Tell(FromUtf8(error.what()));
-      if (!HasSwitch(Fields.CommandLine, u"/NOSPLASH")) Document.NewNamed(AbsolutePath(file));
-    }
-  }
+  if (const String file = FileArgument(Fields.CommandLine); !file.empty()) OpenNamed(file);
   if (HasSwitch(Fields.CommandLine, u"/EOF")) RichTextBox1.SetSelStart(RichTextBox1.TextLength());
+}
+
+void ChangeCase::OpenNamed(const String& file) {
+  String path = file;
+  try {
+    path = AbsolutePath(file);
+    Document.OpenNamed(path);
+  } catch (const RuntimeError& error) {
+    if (error.Code != kFileNotFound) Tell(FromUtf8(error.what()));
+    if (!HasSwitch(Fields.CommandLine, u"/NOSPLASH")) Document.NewNamed(path);
+  }
 }
 
 void ChangeCase::ApplyOptions() {
@@ -225,7 +239,12 @@ void ChangeCase::RefuseOnEncryptedText() { Messages.Notice(kNoToolsOnEncryptedTe
 void ChangeCase::RunTool(const Tool& tool) {
   ToolContext context = Context();
   UndoStop();
-  tool.Run(context);
+  try {
+    tool.Run(context);
+  } catch (...) {
+    UndoStart();
+    throw;
+  }
   UndoStart();
 }
 
@@ -323,7 +342,9 @@ bool ChangeCase::RunKey(const KeyEvent& key) {
 }
 
 void ChangeCase::DropFiles(const std::vector<String>& paths) {
-  if (!paths.empty()) Document.OpenDropped(paths.front());
+  if (paths.empty()) return;
+  Document.OpenDropped(paths.front());
+  if (paths.size() > 1) Tell(u"One document at a time: only the first file was opened.");
 }
 
 void ChangeCase::Exit() {

@@ -84,5 +84,6 @@ class ChangeCase : public Form, private DocumentHost {
   void RefuseOnEncryptedText();
   void ShowCustomTools();
   void OpenCommandLine();
+  void OpenNamed(const String& file);
   ToolContext Context();
 };

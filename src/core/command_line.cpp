@@ -36,7 +36,9 @@ template <class Match>
 std::optional<std::size_t> FindUnquoted(StringView line, Match matches) {
   bool quoted = false;
   for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == kQuote) quoted = !quoted;
+    // A quote that nothing closes is part of a name.
+    if (line[i] == kQuote && (quoted || line.find(kQuote, i + 1) != StringView::npos))
+      quoted = !quoted;
     if (!quoted && line[i] == u'/' && matches(line.substr(i))) return i;
   }
   return std::nullopt;

@@ -5,9 +5,9 @@ MainMenu::MainMenu() {
     MenuItem& Item;
     StringView Keys;
   } shortcuts[] = {
-      {NewMenu, u"Ctrl+N"},      {OpenMenu, u"Ctrl+O"},    {SaveMenu, u"Ctrl+S"},
-      {UndoEditMenu, u"Ctrl+Z"}, {RedoEditMenu, u"Ctrl+Y"}, {CutMenu, u"Ctrl+X"},
-      {CopyMenu, u"Ctrl+C"},     {CopyAllMenu, u"F11"},    {PasteMenu, u"Ctrl+V"},
+      {NewMenu, u"Ctrl+N"},      {OpenMenu, u"Ctrl+O"},      {SaveMenu, u"Ctrl+S"},
+      {UndoEditMenu, u"Ctrl+Z"}, {RedoEditMenu, u"Ctrl+Y"},  {CutMenu, u"Ctrl+X"},
+      {CopyMenu, u"Ctrl+C"},     {CopyAllMenu, u"F11"},      {PasteMenu, u"Ctrl+V"},
       {DeleteMenu, u"Del"},      {SelectAllMenu, u"Ctrl+A"}, {FindMenu, u"Ctrl+F"},
       {FindNextMenu, u"Ctrl+T"}, {HorizWordWrapMenu, u"F9"},
   };
@@ -16,9 +16,9 @@ MainMenu::MainMenu() {
   hyphen9.Separator = true;
 
   FileMenu.Items = {&NewMenu, &OpenMenu, &SaveMenu, &SaveAsMenu, Separator(), &ExitMenu};
-  EditMenu.Items = {&UndoEditMenu, &RedoEditMenu, &hyphen9,    &CutMenu,
-                    &CopyMenu,     &CopyAllMenu,  &PasteMenu,  &DeleteMenu,
-                    &SelectAllMenu, Separator(),  &FindMenu,   &FindNextMenu};
+  EditMenu.Items = {&UndoEditMenu,  &RedoEditMenu, &hyphen9,   &CutMenu,
+                    &CopyMenu,      &CopyAllMenu,  &PasteMenu, &DeleteMenu,
+                    &SelectAllMenu, Separator(),   &FindMenu,  &FindNextMenu};
   ViewMenu.Items = {&HorizWordWrapMenu};
   BuildToolsMenu();
   for (std::size_t i = 0; i < CustMenus.size(); ++i) {
@@ -26,6 +26,9 @@ MainMenu::MainMenu() {
     CustMenus[i].Shortcut = u"F" + Str(static_cast<long long>(i) + 1);
     CustToolsMenu.Items.push_back(&CustMenus[i]);
   }
+  hyphen7.Separator = true;
+  hyphen7.Visible = false;
+  CustToolsMenu.Items.push_back(&hyphen7);
 }
 
 std::vector<MenuItem*> MainMenu::Menus() {

@@ -44,6 +44,7 @@ struct MainMenu {
   MenuItem CustToolsMenu{u"&Custom Tools"};
   // Cust1Menu to Cust8Menu.
   std::array<MenuItem, kMostCustomTools> CustMenus;
+  MenuItem hyphen7;
 
   struct ToolEntry {
     const ::Tool* Tool;

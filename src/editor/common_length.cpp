@@ -13,8 +13,8 @@ bool PartsPair(StringView text, std::size_t place) {
 
 CommonLengths FindCommonLengths(StringView a, StringView b) {
   const std::size_t shorter = std::min(a.size(), b.size());
-  const auto front = std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(shorter),
-                                   b.begin());
+  const auto front =
+      std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(shorter), b.begin());
   CommonLengths common;
   common.Front = static_cast<std::size_t>(front.first - a.begin());
   if (PartsPair(a, common.Front) || PartsPair(b, common.Front)) --common.Front;

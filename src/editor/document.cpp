@@ -4,7 +4,6 @@
 
 #include "editor/encryption_marker.h"
 #include "platform/files.h"
-#include "platform/runtime_error.h"
 
 namespace {
 
@@ -31,6 +30,14 @@ void SetReadOnlyQuietly(const String& path, bool readOnly) {
     if (IsReadOnly(path) != readOnly) SetReadOnly(path, readOnly);
   } catch (const RuntimeError&) {
     // The lock on disk is a courtesy; the document does not depend on it.
+  }
+}
+
+bool IsReadOnlyOnDisk(const String& path) {
+  try {
+    return IsReadOnly(path);
+  } catch (const RuntimeError&) {
+    return false;  // gone since it was read
   }
 }
 
@@ -63,6 +70,32 @@ void NoteLineEnds(StringView text, TextFormat& format) {
 
 }  // namespace
 
+// Puts the document's file name back unless the change to another one is kept.
+class Document::KeptName {
+ public:
+  explicit KeptName(Document& document)
+      : document_(document),
+        fileName_(document.dialog_.FileName),
+        fileTitle_(document.dialog_.FileTitle),
+        hasFileName_(document.fields_.HasFileName) {}
+  KeptName(const KeptName&) = delete;
+  KeptName& operator=(const KeptName&) = delete;
+  ~KeptName() {
+    if (changed_) return;
+    document_.dialog_.FileName = std::move(fileName_);
+    document_.dialog_.FileTitle = std::move(fileTitle_);
+    document_.fields_.HasFileName = hasFileName_;
+  }
+  void KeepChange() { changed_ = true; }
+
+ private:
+  Document& document_;
+  String fileName_;
+  String fileTitle_;
+  bool hasFileName_;
+  bool changed_ = false;
+};
+
 Document::Document(SharedFields& fields, RichTextBox& editor, CommonDialog& dialog,
                    Messages& messages, Property<String>& title, DocumentHost& host)
     : fields_(fields),
@@ -75,31 +108,27 @@ Document::Document(SharedFields& fields, RichTextBox& editor, CommonDialog& dial
 void Document::TextHasChanged() {
   fields_.TextChanged = true;
   fields_.FileSaved = false;
+  // Which line ends were bare CRs is known of the old text alone.
+  fields_.DocumentFormat.BareCrs.clear();
 }
 
 bool Document::MayLeave(StringView question) {
-  if (fields_.TextChanged && !fields_.FileSaved) {
-    const Answer answer = messages_.Ask(question);
-    if (answer == Answer::Cancel) return false;
-    if (answer == Answer::Yes) {
-      BSaveFile();
-      // The user wanted the text kept and it is not: a failure or a cancelled dialog must not cost
-      // him the text.
-      if (!fields_.FileSaved) return false;
-    }
-  }
-  Relock();
-  return true;
+  if (!fields_.TextChanged || fields_.FileSaved) return true;
+  const Answer answer = messages_.Ask(question);
+  if (answer == Answer::Yes) BSaveFile();
+  // The user who wants the text kept must not lose it to a failure or a cancelled dialog.
+  return answer == Answer::No || (answer == Answer::Yes && fields_.FileSaved);
 }
 
-void Document::Relock() {
-  if (!IsEncryptedTitle(title_.Get()) || fields_.ReadOnlyFile) return;
+String Document::FileToRelock() const {
+  if (!IsEncryptedTitle(title_.Get()) || fields_.ReadOnlyFile) return {};
   const bool leftAlone = fields_.HasFileName && !fields_.TextChanged;
-  if (fields_.FileSaved || leftAlone) SetReadOnlyQuietly(dialog_.FileName, true);
+  return fields_.FileSaved || leftAlone ? dialog_.FileName : String();
 }
 
 void Document::New() {
   if (!MayLeave(kBeforeNew)) return;
+  if (const String file = FileToRelock(); !file.empty()) SetReadOnlyQuietly(file, true);
   editor_.SetText(u"");
   editor_.SetFocus();
   host_.ApplyOptions();
@@ -117,43 +146,53 @@ void Document::New() {
 
 void Document::BOpenFile() {
   if (!MayLeave(kBeforeOpen)) return;
-  const String oldName = dialog_.FileName;
-  const String oldTitle = dialog_.FileTitle;
+  const String relock = FileToRelock();
+  KeptName name(*this);
   dialog_.DialogTitle = u"Open";
   dialog_.Flags = CommonDialog::kHideReadOnly;
   dialog_.Filter = kFilter;
   try {
     dialog_.ShowOpen();
-    OpenChosen();
+    OpenChosen(relock);
+    name.KeepChange();
   } catch (const RuntimeError& error) {
-    // The text in the editor still belongs to the file it came from.
-    dialog_.FileName = oldName;
-    dialog_.FileTitle = oldTitle;
-    if (error.Code == kOutOfMemory) messages_.Notice(kTooLarge);
-    if (error.Code != kDialogCancelled) host_.Tell(FromUtf8(error.what()));
+    TellOpenFailed(error);
   }
 }
 
 void Document::OpenDropped(const String& path) {
   if (!MayLeave(kBeforeOpen)) return;
-  const String oldName = dialog_.FileName;
-  const String oldTitle = dialog_.FileTitle;
+  const String relock = FileToRelock();
+  KeptName name(*this);
   try {
     dialog_.FileName = path;
     dialog_.FileTitle = FileNameOf(path);
-    OpenChosen();
+    OpenChosen(relock);
+    name.KeepChange();
   } catch (const RuntimeError& error) {
-    dialog_.FileName = oldName;
-    dialog_.FileTitle = oldTitle;
-    if (error.Code == kOutOfMemory) messages_.Notice(kTooLarge);
-    host_.Tell(FromUtf8(error.what()));
+    TellOpenFailed(error);
   }
 }
 
-void Document::OpenChosen() {
+// The title of a file that could not be opened stays; its name does not, since the text in the
+// editor still belongs to the file it came from.
+void Document::TellOpenFailed(const RuntimeError& error) {
+  if (error.Code == kDialogCancelled) return;
+  host_.Tell(FromUtf8(error.what()));
+  if (error.Code == kOutOfMemory) messages_.Notice(kTooLarge);
+}
+
+void Document::OpenChosen(const String& relock) {
   SetTitle(TitleState::Plain, dialog_.FileTitle);
   host_.ApplyOptions();
-  Load();
+  // Before the file is read, which may be the same one.
+  if (!relock.empty()) SetReadOnlyQuietly(relock, true);
+  try {
+    Load();
+  } catch (const RuntimeError&) {
+    if (!relock.empty()) SetReadOnlyQuietly(relock, false);
+    throw;
+  }
   ShowFileState(dialog_.FileTitle);
   host_.StartAnew();
 }
@@ -161,16 +200,16 @@ void Document::OpenChosen() {
 void Document::OpenNamed(const String& path) {
   TestReadable(path);
   const String oldTitle = title_;
+  KeptName name(*this);
   SetTitle(TitleState::Plain, path);
-  const String oldName = dialog_.FileName;
   dialog_.FileName = path;
   try {
     Load();
   } catch (const RuntimeError&) {
-    dialog_.FileName = oldName;
     title_ = oldTitle;
     throw;
   }
+  name.KeepChange();
   ShowFileState(path);
 }
 
@@ -178,6 +217,7 @@ void Document::NewNamed(const String& path) {
   title_ = String(kProduct) + u" - NEW FILE in " + path;
   fields_.HasFileName = true;
   fields_.TextChanged = fields_.FileSaved = false;
+  fields_.ReadOnlyFile = FileExists(path) || FolderExists(path);
   dialog_.FileName = path;
 }
 
@@ -194,7 +234,7 @@ void Document::Load() {
 }
 
 void Document::ShowFileState(StringView name) {
-  if (IsReadOnly(dialog_.FileName)) {
+  if (IsReadOnlyOnDisk(dialog_.FileName)) {
     SetTitle(TitleState::ReadOnly, name);
     fields_.ReadOnlyFile = true;
   }
@@ -226,6 +266,7 @@ void Document::BSaveFile() {
     if (messages_.Ask(kSaveReadOnly) != Answer::Yes) return;
     askForName = true;
   }
+  KeptName name(*this);
   if (askForName) {
     dialog_.DialogTitle = u"Save As";
     dialog_.Flags = CommonDialog::kHideReadOnly | CommonDialog::kOverwritePrompt;
@@ -239,21 +280,26 @@ void Document::BSaveFile() {
   }
   try {
     Save();
+    name.KeepChange();
   } catch (const std::exception& error) {
-    messages_.Notice(kSaveFailed);
     host_.Tell(FromUtf8(error.what()));
+    messages_.Notice(kSaveFailed);
   }
 }
 
 void Document::Save() {
-  const String text = editor_.Text();
-  TextFormat format = FormatThatHolds(text, fields_.DocumentFormat);
-  if (fields_.TextChanged) NoteLineEnds(text, format);
+  const std::shared_ptr<const String> text = editor_.SharedText();
+  TextFormat format = FormatThatHolds(*text, fields_.DocumentFormat);
+  if (format.BareCrs.empty()) NoteLineEnds(*text, format);
   editor_.SaveFile(dialog_.FileName, format);
+  if (format.Encoding != fields_.DocumentFormat.Encoding) {
+    host_.Tell(u"Saved as " + EncodingName(format) + u": " + EncodingName(fields_.DocumentFormat) +
+               u" cannot hold every character of the text.");
+  }
   fields_.DocumentFormat = std::move(format);
   fields_.FileSaved = true;
   fields_.ReadOnlyFile = false;
-  editor_.Locked = HoldsEncryptionMarker(text);
+  editor_.Locked = HoldsEncryptionMarker(*text);
   SetTitle(editor_.Locked ? TitleState::Encrypted : TitleState::Plain, ShownName());
   host_.DocumentChanged();
 }
@@ -267,7 +313,11 @@ void Document::CheckSetLock() {
   }
 }
 
-bool Document::MayExit() { return MayLeave(kBeforeExit); }
+bool Document::MayExit() {
+  if (!MayLeave(kBeforeExit)) return false;
+  if (const String file = FileToRelock(); !file.empty()) SetReadOnlyQuietly(file, true);
+  return true;
+}
 
 void Document::ChooseEncoding(Encoding encoding, bool mark) {
   TextFormat& format = fields_.DocumentFormat;
@@ -275,24 +325,30 @@ void Document::ChooseEncoding(Encoding encoding, bool mark) {
   format.Encoding = encoding;
   format.Mark = mark;
   format.OddByte.reset();
-  TextHasChanged();
-  host_.DocumentChanged();
+  FormatHasChanged();
 }
 
 void Document::ChooseLineEnds(LineEnds lineEnds) {
-  TextFormat& format = fields_.DocumentFormat;
-  const String text = editor_.Text();
-  const String whole = WithWholeLineEnds(text);
-  TextFormat chosen = format;
+  const std::shared_ptr<const String> text = editor_.SharedText();
+  const String whole = WithWholeLineEnds(*text);
+  TextFormat chosen = fields_.DocumentFormat;
   chosen.LineEnds = lineEnds;
   NoteLineEnds(whole, chosen);
-  if (whole == text && chosen == format) return;
-  if (whole != text) {
+  if (whole == *text && chosen == fields_.DocumentFormat) return;
+  if (whole != *text) {
     const std::size_t caret = editor_.SelStart();
     editor_.SetText(whole);
     editor_.SetSelStart(caret);
   }
-  format = std::move(chosen);
-  TextHasChanged();
+  fields_.DocumentFormat = std::move(chosen);
+  FormatHasChanged();
+}
+
+void Document::FormatHasChanged() {
+  // What an empty new document would be saved as is nothing to lose.
+  if (fields_.HasFileName || editor_.TextLength() > 0) {
+    fields_.TextChanged = true;
+    fields_.FileSaved = false;
+  }
   host_.DocumentChanged();
 }

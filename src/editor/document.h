@@ -6,6 +6,7 @@
 #include "editor/titles.h"
 #include "platform/common_dialog.h"
 #include "platform/rich_text_box.h"
+#include "platform/runtime_error.h"
 
 // What the document needs of the application around it.
 class DocumentHost {
@@ -34,7 +35,8 @@ class Document {
   // Opens the file named on the command line: the path stands in the title. RuntimeError when it
   // can't be read; the document has not changed then.
   void OpenNamed(const String& path);
-  // An untitled document that the first Save writes to this path.
+  // A new document that the first Save writes to this path. Where something stands there that could
+  // not be opened, Save asks for another name first.
   void NewNamed(const String& path);
   void BSaveFile();
   void SaveAs();
@@ -51,9 +53,13 @@ class Document {
   void ChooseLineEnds(LineEnds lineEnds);
 
  private:
+  class KeptName;
+
   bool MayLeave(StringView question);
-  void Relock();
-  void OpenChosen();
+  // The encrypted file that goes back to read-only when the document is left; empty for none.
+  String FileToRelock() const;
+  void OpenChosen(const String& relock);
+  void TellOpenFailed(const RuntimeError& error);
   void Load();
   void ShowFileState(StringView name);
   void ShowSavedState(StringView text);
@@ -61,6 +67,7 @@ class Document {
   // The short name of the file where a dialog gave it, else its path.
   StringView ShownName() const;
   void Save();
+  void FormatHasChanged();
 
   SharedFields& fields_;
   RichTextBox& editor_;

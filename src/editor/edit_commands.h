@@ -25,8 +25,8 @@ class EditCommands {
   void CopyText();
   void PasteText();
 
-  // Ctrl+V on its way to the control: leaves plain text alone on the clipboard, so that nothing else
-  // can be pasted.
+  // Ctrl+V on its way to the control: leaves plain text alone on the clipboard, so that nothing
+  // else can be pasted.
   void BeforeKeyPaste();
 
   // Pasted text may be encrypted; set by the owner.

@@ -8,10 +8,9 @@ namespace {
 
 bool IsWordCharacter(char32_t c) {
   if (c == U'_') return true;
-  const auto* range = std::upper_bound(std::begin(kLettersAndDigits), std::end(kLettersAndDigits), c,
-                                       [](char32_t value, const CharacterRange& candidate) {
-                                         return value < candidate.First;
-                                       });
+  const auto* range = std::upper_bound(
+      std::begin(kLettersAndDigits), std::end(kLettersAndDigits), c,
+      [](char32_t value, const CharacterRange& candidate) { return value < candidate.First; });
   return range != std::begin(kLettersAndDigits) && c <= std::prev(range)->Last;
 }
 

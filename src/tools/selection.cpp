@@ -1,6 +1,7 @@
 #include "tools/selection.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace {
 
@@ -15,6 +16,15 @@ bool EndsInOneLineEnd(StringView text) {
 
 }  // namespace
 
+ToolSelection::~ToolSelection() {
+  if (!narrowed_) return;
+  try {
+    narrowed_->SetText(wholeText_);
+  } catch (const std::exception&) {
+    // Undo still has the text.
+  }
+}
+
 void ToolSelection::SelectedTextBeforeTool(ToolContext& context, bool& keepLineEnd) {
   SharedFields& fields = context.Fields;
   RichTextBox& editor = context.RichTextBox1;
@@ -24,6 +34,7 @@ void ToolSelection::SelectedTextBeforeTool(ToolContext& context, bool& keepLineE
   fields.ToolSelStart = editor.SelStart();
   fields.ToolSelEnd = fields.ToolSelStart + editor.SelLength();
   const String selected = editor.SelText();
+  narrowed_ = &editor;
   editor.SetText(selected);
   fields.SelectionCrLfFlag = EndsInOneLineEnd(selected);
   if (keepLineEnd) {
@@ -48,6 +59,7 @@ void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
   text += result;
   if (fields.ToolSelEnd < whole.size()) text += whole.substr(fields.ToolSelEnd);
   editor.SetText(text);
+  narrowed_ = nullptr;
   const std::size_t place = InStr(text, result);
   editor.SetSelStart(place == 0 ? 0 : place - 1);
   editor.SetSelLength(result.size());

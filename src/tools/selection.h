@@ -4,8 +4,14 @@
 
 #include "tools/tool_context.h"
 
+// Where the tool fails, the whole text comes back when the object goes.
 class ToolSelection {
  public:
+  ToolSelection() = default;
+  ToolSelection(const ToolSelection&) = delete;
+  ToolSelection& operator=(const ToolSelection&) = delete;
+  ~ToolSelection();
+
   // The tool sees the selection, where there is one, as its whole text from here on. Tools that
   // never add a line end of their own pass true, and nothing is cut off afterwards; the argument is
   // then set to false.
@@ -18,4 +24,6 @@ class ToolSelection {
 
  private:
   String wholeText_;
+  // While the editor holds the selection alone.
+  RichTextBox* narrowed_ = nullptr;
 };

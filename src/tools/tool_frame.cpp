@@ -10,14 +10,14 @@ namespace {
 void KeepForUndo(const SharedFields& fields, StringView text) {
   try {
     WriteWorkFile(fields.TempFile1, text);
-  } catch (const RuntimeError&) {
+  } catch (const std::exception&) {
     DeleteFileQuietly(fields.TempFile1);
   }
 }
 
 void RunOnEditor(ToolContext& context, TextTransform transform) {
   RichTextBox& editor = context.RichTextBox1;
-  if (IsBlank(editor.Text())) return;
+  if (IsBlank(*editor.SharedText())) return;
   context.Fields.ToolRan = true;
   ToolSelection selection;
   bool keepLineEnd = true;

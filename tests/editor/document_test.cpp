@@ -263,4 +263,46 @@ TEST_F(DocumentTest, BareReturnsBecomeWholeLineEndsOnceTheTextChanged) {
   EXPECT_EQ(BytesOf(file), "!a\r\nb\nc\r\nd");
 }
 
+// What could not be opened is there nevertheless, and a save must not replace it.
+TEST_F(DocumentTest, NewFileOverSomethingUnreadableAsksForAnotherName) {
+  MakeFolder(Files / u"folder", 0700);
+  Start(Files / u"folder");
+  EXPECT_EQ(App().Caption.Get(), u"WordFlurn 2.0 - NEW FILE in " + Files / u"folder");
+  EXPECT_FALSE(App().Status.Bar.Message.Get().empty());
+  Type(u"x");
+  Windows.Answers = {Answer::Yes};
+  Windows.ChosenFile = Files / u"other.txt";
+  App().Menu.SaveMenu.Click();
+  EXPECT_EQ(Windows.Questions.size(), 1u);
+  EXPECT_EQ(BytesOf(Files / u"other.txt"), "x");
+}
+
+TEST_F(DocumentTest, FailedSaveAsLeavesTheDocumentWithItsFile) {
+  Start();
+  const String file = Files.Put(u"f.txt", "old");
+  Open(file);
+  Type(u"new ");
+  Windows.ChosenFile = Files / u"no such folder/g.txt";
+  App().Menu.SaveAsMenu.Click();
+  EXPECT_EQ(Windows.Notices, std::vector{String(kSaveError)});
+  App().Menu.SaveMenu.Click();
+  EXPECT_EQ(BytesOf(file), "new old");
+}
+
+TEST_F(DocumentTest, EncryptedFileIsNotRelockedUnderTheDocument) {
+  Start();
+  const String file = Files.Put(u"f.txt", kMarker);
+  SetReadOnly(file, true);
+  Open(file);
+  for (const std::optional<String>& choice :
+       {std::optional<String>(), std::optional(Files / u"-")}) {
+    Windows.ChosenFile = choice;
+    App().Menu.OpenMenu.Click();
+    EXPECT_FALSE(IsReadOnly(file));
+  }
+  Open(file);
+  EXPECT_FALSE(IsReadOnly(file));
+  EXPECT_EQ(App().Caption.Get(), u"WordFlurn 2.0 (encrypted) - f.txt");
+}
+
 }  // namespace

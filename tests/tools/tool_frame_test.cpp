@@ -1,5 +1,7 @@
 // The road of a tool over the whole text, over a selection and over a file.
 
+#include "tools/tool_frame.h"
+
 #include "platform/runtime_error.h"
 #include "support/app_fixture.h"
 #include "tools/catalogue.h"
@@ -97,6 +99,18 @@ TEST_F(ToolFrameTest, LineEndThatAToolAddsIsCutFromASelection) {
     selection.SelectedTextAfterTool(context);
     EXPECT_EQ(box.Text(), u"<" + String(c.Result) + u">");
   }
+}
+
+TEST_F(ToolFrameTest, ToolThatFailsOnASelectionLeavesTheWholeText) {
+  Start();
+  RichTextBox& box = App().RichTextBox1;
+  box.SetText(u"one two three");
+  box.SetSelStart(4);
+  box.SetSelLength(3);
+  ToolContext context{App().Fields, box, App().Messages, Windows};
+  EXPECT_THROW(RunCharacterTool(context, [](StringView, String&) { throw std::bad_alloc(); }),
+               std::bad_alloc);
+  EXPECT_EQ(box.Text(), u"one two three");
 }
 
 TEST_F(ToolFrameTest, FilePathReadsLinesAndEndsTheLast) {
