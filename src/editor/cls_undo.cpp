@@ -83,10 +83,10 @@ bool clsUndo::TakeUndoSnapShot() {
 bool clsUndo::Snapshot() {
   timer_->SetEnabled(false);
   std::shared_ptr<const String> text = control_->Text();
-  const bool same = text == baseText_ || *text == *baseText_;
+  const CommonLengths common = FindCommonLengths(*baseText_, *text);
+  const bool same = common.Front == text->size() && common.Front == baseText_->size();
   if (same && !undo_.empty()) return false;
 
-  const CommonLengths common = FindCommonLengths(*baseText_, *text);
   const auto blockOf = [common](const String& whole) {
     return whole.substr(common.Front, whole.size() - common.Front - common.End);
   };

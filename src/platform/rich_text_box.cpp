@@ -13,6 +13,13 @@ void RichTextBox::SaveFile(const String& path, const TextFormat& format) const {
 }
 
 std::shared_ptr<const String> RichTextBox::SharedText() const {
-  if (!sharedText_) sharedText_ = std::make_shared<const String>(Text());
+  if (!sharedTextHolds_) {
+    sharedText_ = ReadText(sharedText_);
+    sharedTextHolds_ = true;
+  }
   return sharedText_;
+}
+
+RichTextBox::SharedString RichTextBox::ReadText(const SharedString&) const {
+  return std::make_shared<const String>(Text());
 }

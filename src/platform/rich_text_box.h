@@ -86,9 +86,14 @@ class RichTextBox : public Control {
   std::function<void()> OnMouseDown;
 
  protected:
+  using SharedString = std::shared_ptr<const String>;
+
   // For implementations: the text has changed just now.
-  void TextIsAnother() { sharedText_.reset(); }
+  void TextIsAnother() { sharedTextHolds_ = false; }
+  // The text, made of the one that was read before (may be null) where that is quicker.
+  virtual SharedString ReadText(const SharedString& before) const;
 
  private:
-  mutable std::shared_ptr<const String> sharedText_;
+  mutable SharedString sharedText_;
+  mutable bool sharedTextHolds_ = false;
 };

@@ -98,7 +98,9 @@ TEST_F(Bars, TheFormSeesEachKeyFirstAndMaySwallowIt) {
   windows.DoEvents();
   EXPECT_EQ(form.ActiveControl.Get(), form.Editor.get());
   String atEditor;
-  form.Editor->OnKeyDown = [&](KeyEvent& key) { atEditor += static_cast<char16_t>(key.Key); };
+  form.Editor->OnKeyDown = [&](KeyEvent& key) {
+    if (key.Key != 0) atEditor += static_cast<char16_t>(key.Key);
+  };
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
   form.Swallow = 'B';

@@ -109,6 +109,10 @@ TEST(RichTextBoxProperty, WindowAndConsoleAgreeOnRandomWork) {
                    ", operation " + std::to_string(operation));
       qtBox.Refresh();
       ASSERT_EQ(qtBox.Text(), stringBox.Text());
+      // Not after each step, so that what it notes of several changes comes together.
+      if (Below(random, 3) == 0) {
+        ASSERT_EQ(*qtBox.SharedText(), stringBox.Text());
+      }
       ASSERT_EQ(qtBox.TextLength(), stringBox.TextLength());
       ASSERT_EQ(qtBox.SelStart(), stringBox.SelStart());
       ASSERT_EQ(qtBox.SelLength(), stringBox.SelLength());

@@ -30,6 +30,9 @@ class QtRichTextBox : public RichTextBox {
   void SetRedraw(bool on) override;
   void Refresh() override;
 
+ protected:
+  SharedString ReadText(const SharedString& before) const override;
+
  private:
   void ApplyFont();
   void ApplyWrap();

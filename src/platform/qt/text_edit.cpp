@@ -58,6 +58,18 @@ TextEdit::TextEdit() {
 
 String TextEdit::Text() const { return conversion_.FromDocument(document()->toRawText()); }
 
+String TextEdit::TextBetween(std::size_t from, std::size_t to) const {
+  QTextCursor cursor(document());
+  cursor.setPosition(DocumentPosition(*document(), from));
+  cursor.setPosition(DocumentPosition(*document(), to), QTextCursor::KeepAnchor);
+  return conversion_.FromDocument(cursor.selectedText());
+}
+
+TextEdit::Untouched TextEdit::TakeUntouched() {
+  const std::size_t length = TextPosition(*document(), document()->characterCount() - 1);
+  return std::exchange(untouched_, {length, length});
+}
+
 void TextEdit::SetText(StringView text) {
   {
     Hold hold(*this);
@@ -153,6 +165,11 @@ void TextEdit::NoteChange(int position, int removed, int added) {
   if (composing_ && removed == added) return;
   edited_ = true;
   changedAt_ = position;
+  // A whole new document counts its last line end among what was added.
+  const int last = document()->characterCount() - 1;
+  const std::size_t end = TextPosition(*document(), std::min(position + added, last));
+  untouched_.Front = std::min(untouched_.Front, TextPosition(*document(), position));
+  untouched_.End = std::min(untouched_.End, TextPosition(*document(), last) - end);
   if (OnTouch) OnTouch();
 }
 

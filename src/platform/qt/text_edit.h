@@ -17,6 +17,17 @@ class TextEdit : public QPlainTextEdit {
   TextEdit();
 
   String Text() const;
+  // Between two positions of the text that do not part a line end.
+  String TextBetween(std::size_t from, std::size_t to) const;
+
+  // How many characters at the front and at the end of the text are the same as at the last call of
+  // this function; together never more than either text has.
+  struct Untouched {
+    std::size_t Front = 0;
+    std::size_t End = 0;
+  };
+  Untouched TakeUntouched();
+
   // Puts the caret at the start. RuntimeError when there are no stand-ins for this text, and the
   // text stays.
   void SetText(StringView text);
@@ -69,6 +80,7 @@ class TextEdit : public QPlainTextEdit {
   Selection CurrentSelection() const;
 
   DocumentText conversion_;
+  Untouched untouched_;
   Selection reported_;
   int changedAt_ = 0;
   int held_ = 0;
