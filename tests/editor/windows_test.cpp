@@ -7,6 +7,7 @@
 #include "editor/working_run.h"
 #include "platform/console/console_window_system.h"
 #include "platform/files.h"
+#include "platform/runtime_error.h"
 #include "support/scripted_window_system.h"
 #include "support/temp_folder.h"
 
@@ -74,6 +75,25 @@ TEST(Working2, CancelByButtonAndFrame) {
     EXPECT_TRUE(working.Visible);
     working.Unload();
   }
+}
+
+TEST(Form, LoadsAgainAfterALoadThatFailed) {
+  struct Failing : Form {
+    using Form::Form;
+    Layout Content() override { return Column({}); }
+    void Load() override {
+      if (++Loads == 1) throw RuntimeError(kDiskFull, "full");
+    }
+    int Loads = 0;
+  };
+  ScriptedWindowSystem windows;
+  Failing form(windows);
+  EXPECT_THROW(form.Show(), RuntimeError);
+  EXPECT_FALSE(form.Visible);
+  form.Show();
+  form.Show();
+  EXPECT_TRUE(form.Visible);
+  EXPECT_EQ(form.Loads, 2);
 }
 
 TEST(BrowseFolders, PicksAFolder) {
