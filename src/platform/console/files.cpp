@@ -79,7 +79,8 @@ void MakeFolders(const String& path, unsigned mode) {
   if (FolderExists(path)) return;
   if (const String parent = FolderOf(path); parent.size() < path.size()) MakeFolders(parent, mode);
   // Another process may be making the same folders.
-  if (sys::MakeFolder(path, mode) < 0 && !(errno == EEXIST && FolderExists(path))) sys::Throw(path);
+  if (sys::MakeFolder(path, mode) == 0 || (errno == EEXIST && FolderExists(path))) return;
+  sys::Throw(path, errno == EEXIST ? ENOTDIR : errno);
 }
 
 bool CanWriteIn(const String& folder) {
