@@ -90,9 +90,8 @@ void MakeDataFolder(const String& path) try {
   MakeFolders(path, 0700);
   sys::Check(sys::Access(path, W_OK | X_OK), path);
 } catch (const RuntimeError& error) {
-  throw RuntimeError(error.Code, "The data folder " + ToUtf8(path) +
-                                     " can't be made or written: " + error.what() +
-                                     ". WORDFLURN_HOME can name another one.");
+  throw RuntimeError(error.Code, "The data folder " + ToUtf8(path) + " can't be made or written: " +
+                                     error.what() + ". WORDFLURN_HOME can name another one.");
 }
 
 }  // namespace
