@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <unistd.h>
-#include <vector>
 
 #include "platform/byte_file.h"
 #include "platform/console/sys.h"
@@ -50,9 +49,7 @@ void CopyFileContent(const String& from, const String& to) {
   InputFile source(from);
   if (IsSameFile(from, to)) return;
   OutputFile target(to);
-  std::vector<char> block(1 << 17);
-  while (const std::size_t size = source.Read(block.data(), block.size()))
-    target.Write({block.data(), size});
+  source.ReadRest([&](std::string_view bytes) { target.Write(bytes); });
   target.Close();
 }
 
