@@ -1,7 +1,6 @@
 #include "core/tool_on_files.h"
 
 #include <iostream>
-#include <vector>
 
 #include "core/data_files.h"
 #include "platform/byte_file.h"
@@ -14,24 +13,13 @@
 
 namespace {
 
-constexpr std::size_t kBlock = 1 << 18;
-
-void CopyOver(const String& from, const String& to) {
-  SafeSave(to, [&from](const ByteSink& sink) {
-    InputFile file(from);
-    std::vector<char> block(kBlock);
-    while (const std::size_t size = file.Read(block.data(), block.size()))
-      sink({block.data(), size});
-  });
-}
-
 void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
   SharedFields& fields = context.Fields;
   fields.BatchCurrentFile = file;
   fields.InputFileNum = std::make_unique<TextReader>(file);
   tool.Run(context);
   fields.InputFileNum.reset();
-  CopyOver(fields.TempFile1, file);
+  SafeSave(file, [&](const ByteSink& sink) { InputFile(fields.TempFile1).ReadRest(sink); });
 }
 
 }  // namespace

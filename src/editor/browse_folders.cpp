@@ -8,14 +8,19 @@ BrowseFolders::BrowseFolders(WindowSystem& windows, Messages& messages)
   Caption = u"Browse";
   Command1.Caption = u"&OK";
   Command1.Default = true;
-  Command1.OnClick = [this] { Unload(); };
+  Command1.OnClick = [this] {
+    // One click on a folder is enough to mean it.
+    ChosenFolder = Dir1.Highlighted();
+    Unload();
+  };
   Command2.Caption = u"C&ancel";
   Command2.Cancel = true;
   Command2.OnClick = [this] {
     ChosenFolder.clear();
     Unload();
   };
-  Dir1.OnChange = [this] { ChosenFolder = Dir1.Path; };
+  Dir1.OnChange = [this] { FolderChanged(); };
+  Drive1.OnChange = [this] { DriveChanged(); };
   Columns = 50;
   Lines = 18;
 }
@@ -35,20 +40,21 @@ void BrowseFolders::Load() {
       // A folder that has gone: the next one.
     }
   }
-  // Showing the volume that Dir1 is on must not send Dir1 to the volume's top.
-  Drive1.OnChange = nullptr;
   Drive1.Refresh();
-  Drive1.Drive = Dir1.Path;
-  drive_ = Drive1.Drive;
-  Drive1.OnChange = [this] { DriveChanged(); };
+  FolderChanged();
+}
+
+void BrowseFolders::FolderChanged() {
   ChosenFolder = Dir1.Path;
+  // First, so that the volume shown does not send Dir1 to its top.
+  drive_ = Drive1.VolumeOf(Dir1.Path);
+  Drive1.Drive = drive_;
 }
 
 void BrowseFolders::DriveChanged() {
   if (Drive1.Drive == drive_) return;
   try {
     Dir1.Go(Drive1.Drive);
-    drive_ = Drive1.Drive;
   } catch (const RuntimeError&) {
     messages_.Notice(u" There is no disk in the drive / device unavailable.");
     Drive1.Drive = drive_;

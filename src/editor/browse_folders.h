@@ -25,6 +25,8 @@ class BrowseFolders : public Form {
 
  private:
   void DriveChanged();
+  // Chooses the folder that Dir1 is in, and shows the volume that it lies on.
+  void FolderChanged();
 
   Messages& messages_;
   // The volume that Dir1 is on.

@@ -27,14 +27,6 @@ bool IsInside(StringView path, StringView folder) {
          path[folder.size()] == kPathSeparator;
 }
 
-// The innermost of the volumes that a path lies on; the path itself when there is none.
-String VolumeOf(const std::vector<String>& volumes, const String& path) {
-  const String* best = nullptr;
-  for (const String& volume : volumes)
-    if (IsInside(path, volume) && (!best || volume.size() > best->size())) best = &volume;
-  return best ? *best : path;
-}
-
 std::vector<DirListBox::Row> RowsOf(const String& path) {
   auto inside = SubFolders(path);
   DropHidden(inside);
@@ -58,7 +50,7 @@ std::vector<DirListBox::Row> RowsOf(const String& path) {
 DriveListBox::DriveListBox() {
   Refresh();
   changed_ = Drive.Observe([this] {
-    const String volume = VolumeOf(List, Drive);
+    const String volume = VolumeOf(Drive);
     // Comes back here with the volume.
     if (volume != Drive.Get())
       Drive = volume;
@@ -69,7 +61,14 @@ DriveListBox::DriveListBox() {
 
 void DriveListBox::Refresh() {
   List = Volumes();
-  if (Drive.Get().empty()) Drive = VolumeOf(List, StartFolder());
+  if (Drive.Get().empty()) Drive = VolumeOf(StartFolder());
+}
+
+String DriveListBox::VolumeOf(const String& path) const {
+  const String* best = nullptr;
+  for (const String& volume : List.Get())
+    if (IsInside(path, volume) && (!best || volume.size() > best->size())) best = &volume;
+  return best ? *best : path;
 }
 
 DirListBox::DirListBox() {
@@ -81,8 +80,23 @@ DirListBox::DirListBox() {
 
 void DirListBox::Go(const String& path) {
   const String folder = AbsolutePath(path);
-  Rows = RowsOf(folder);
+  auto rows = RowsOf(folder);
+  const auto own =
+      std::find_if(rows.begin(), rows.end(), [&](const Row& row) { return row.Path == folder; });
+  const int index = static_cast<int>(own - rows.begin());
+  // Never the row of another list.
+  ListIndex = -1;
+  Rows = std::move(rows);
+  ListIndex = index;
   Path = folder;
+}
+
+String DirListBox::Highlighted() const {
+  const auto& rows = Rows.Get();
+  const int index = ListIndex;
+  return index >= 0 && index < static_cast<int>(rows.size())
+             ? rows[static_cast<std::size_t>(index)].Path
+             : Path.Get();
 }
 
 FileListBox::FileListBox() {

@@ -15,6 +15,8 @@ struct DriveListBox : Control {
   Property<String> Drive;
   std::function<void()> OnChange;
   DriveListBox();
+  // The innermost of the volumes shown that a path lies on; the path itself when there is none.
+  String VolumeOf(const String& path) const;
 
  private:
   Signal::Subscription changed_;
@@ -38,6 +40,10 @@ struct DirListBox : Control {
   // Where it stands; changed by Go alone. At first the current folder, whose rows Go reads.
   Property<String> Path;
   Property<std::vector<Row>> Rows;
+  // The highlighted row, after Go that of the folder itself; -1 before.
+  Property<int> ListIndex{-1};
+  // The folder of the highlighted row; Path when there is none.
+  String Highlighted() const;
   std::function<void()> OnChange;
 
  private:

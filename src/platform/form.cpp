@@ -7,7 +7,12 @@ Form::~Form() { windows_.Forget(*this); }
 void Form::LoadOnce() {
   if (loaded_) return;
   loaded_ = true;
-  Load();
+  try {
+    Load();
+  } catch (...) {
+    loaded_ = false;
+    throw;
+  }
 }
 
 void Form::Show() {

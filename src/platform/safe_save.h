@@ -23,4 +23,7 @@ using ByteSink = std::function<void(std::string_view bytes)>;
 void SafeSave(const String& path, const std::function<void(const ByteSink&)>& produce);
 
 // Where copies are kept for files in folders that can't be written; the data folder of the program.
+// For the copy of this library that the caller is linked with: the program's, which does all
+// saving. The window module has a copy and a setting of its own, never set, so it must not save
+// files.
 void SetSpareFolder(const String& folder);

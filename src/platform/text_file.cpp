@@ -5,12 +5,14 @@
 #include "platform/encoding.h"
 #include "platform/format_check.h"
 #include "platform/format_probe.h"
+#include "platform/runtime_error.h"
 #include "platform/safe_save.h"
 #include "platform/text_encoder.h"
 #include "platform/utf8.h"
 
-LoadedText ReadTextFile(const String& path) {
-  InputFile file(path);
+namespace {
+
+LoadedText ReadText(InputFile file) {
   FileShape shape = ProbeFile(file);
   const bool isUnix = shape.Format.LineEnds == LineEnds::Lf;
   const bool hasBareCrs = shape.BareCrs > 0;
@@ -32,6 +34,10 @@ LoadedText ReadTextFile(const String& path) {
   }
   return loaded;
 }
+
+}  // namespace
+
+LoadedText ReadTextFile(const String& path) { return ReadText(InputFile(path)); }
 
 TextFormat FormatThatHolds(StringView text, const TextFormat& wanted) {
   FormatCheck check(wanted);
@@ -93,7 +99,10 @@ String ReadWorkFile(const String& path) {
 }
 
 std::vector<String> ReadDataFile(const String& path) {
-  const String text = ReadTextFile(path).Text;
+  InputFile file(path);
+  if (file.Size() > kMostDataBytes)
+    throw RuntimeError(kOutOfMemory, ToUtf8(path) + " is too large for a data file");
+  const String text = ReadText(std::move(file)).Text;
   std::vector<String> lines;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find(kLf, at), text.size());

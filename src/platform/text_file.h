@@ -7,6 +7,7 @@
 // 75 (a folder, too), a missing file 53, others as CodeFromErrno tells.
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -36,7 +37,10 @@ void WriteTextFile(const String& path, StringView text, const TextFormat& format
 void WriteWorkFile(const String& path, StringView text);
 String ReadWorkFile(const String& path);
 
-// The lines of a program's own data file: CR, CR LF and LF all end a line.
+// No data file that the program writes comes near this.
+inline constexpr std::uint64_t kMostDataBytes = 64 * 1024 * 1024;
+// The lines of a program's own data file: CR, CR LF and LF all end a line. RuntimeError 7 for one
+// of more than kMostDataBytes.
 std::vector<String> ReadDataFile(const String& path);
 // With CR LF, in Windows-1252 where that reads back the same, else in UTF-8. Safe like
 // WriteTextFile.

@@ -1,21 +1,11 @@
 #include "platform/byte_blocks.h"
 #include "platform/byte_lines.h"
 #include "platform/encoding.h"
-#include "platform/files.h"
 #include "platform/format_check.h"
 #include "platform/text_encoder.h"
 #include "platform/text_file.h"
 
 namespace {
-
-// A file that goes when its owner does.
-struct SideFile {
-  explicit SideFile(String path) : Path(std::move(path)) {}
-  SideFile(const SideFile&) = delete;
-  SideFile& operator=(const SideFile&) = delete;
-  ~SideFile() { DeleteFileQuietly(Path); }
-  const String Path;
-};
 
 TextFormat WithoutBareCrs(TextFormat format) {
   format.BareCrs.clear();
@@ -50,14 +40,12 @@ struct TextWriter::State {
   void Recode() {
     Encoder.Flush();
     Out.Close();
-    const SideFile old(Out.Path() + u".recode");
-    CopyFileContent(Out.Path(), old.Path);
+    InputFile old = InputFile::CopyOf(Out.Path());
     Out = OutputFile(Out.Path());
     Encoder.Restart(Check.Format());
 
-    InputFile file(old.Path);
-    const std::uint64_t bytes = file.Size() - MarkOf(Written).size();
-    ByteLines lines(std::move(file), Written, bytes);
+    const std::uint64_t bytes = old.Size() - MarkOf(Written).size();
+    ByteLines lines(std::move(old), Written, bytes);
     String text(kBlockSize, u'\0');
     while (!lines.AtEnd()) {
       const ByteLines::Piece piece = lines.NextPiece();

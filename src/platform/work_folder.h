@@ -6,12 +6,12 @@
 #include "platform/text.h"
 
 // The first process holds a lock in the data folder and works right there. Another one gets a
-// private subfolder, removed when the object goes. Subfolders of processes that have died are
-// removed at the start.
+// private subfolder, removed when the object goes; so does each on a file system without locks.
+// Subfolders of processes that have died are removed at the start.
 class WorkFolder {
  public:
-  // Makes the data folder with mode 0700 when it is missing. RuntimeError naming it when that, or
-  // writing in it, fails.
+  // Makes the data folder with mode 0700 when it is missing. RuntimeError naming it and
+  // the cause when that, or writing in it, fails.
   explicit WorkFolder(const String& dataFolder);
   WorkFolder(const WorkFolder&) = delete;
   WorkFolder& operator=(const WorkFolder&) = delete;

@@ -7,6 +7,7 @@
 #include "editor/working_run.h"
 #include "platform/console/console_window_system.h"
 #include "platform/files.h"
+#include "platform/runtime_error.h"
 #include "support/scripted_window_system.h"
 #include "support/temp_folder.h"
 
@@ -76,6 +77,25 @@ TEST(Working2, CancelByButtonAndFrame) {
   }
 }
 
+TEST(Form, LoadsAgainAfterALoadThatFailed) {
+  struct Failing : Form {
+    using Form::Form;
+    Layout Content() override { return Column({}); }
+    void Load() override {
+      if (++Loads == 1) throw RuntimeError(kDiskFull, "full");
+    }
+    int Loads = 0;
+  };
+  ScriptedWindowSystem windows;
+  Failing form(windows);
+  EXPECT_THROW(form.Show(), RuntimeError);
+  EXPECT_FALSE(form.Visible);
+  form.Show();
+  form.Show();
+  EXPECT_TRUE(form.Visible);
+  EXPECT_EQ(form.Loads, 2);
+}
+
 TEST(BrowseFolders, PicksAFolder) {
   TempFolder folder;
   MakeFolder(folder / u"inner", 0700);
@@ -92,9 +112,36 @@ TEST(BrowseFolders, PicksAFolder) {
   browse.ShowModal();
   EXPECT_EQ(browse.ChosenFolder, folder / u"inner");
 
+  // A folder highlighted counts; going on counts from there.
+  windows.OnModal = [&](Form&) {
+    EXPECT_EQ(browse.Dir1.Highlighted(), folder.Path());
+    browse.Dir1.ListIndex = static_cast<int>(browse.Dir1.Rows.Get().size()) - 1;
+    EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
+    browse.Command1.Click();
+  };
+  browse.ShowModal();
+  EXPECT_EQ(browse.ChosenFolder, folder / u"inner");
+
   windows.OnModal = [&](Form&) { browse.CloseByFrame(); };
   browse.ShowModal();
   EXPECT_EQ(browse.ChosenFolder, u"");
+
+  // The volume follows the folder without sending it to the volume's top, and the other way round.
+  MakeFolder(folder / u"inner/deep", 0700);
+  windows.OnModal = [&](Form&) {
+    browse.Drive1.List = std::vector<String>{u"/", folder / u"inner"};
+    browse.Dir1.Go(folder / u"inner/deep");
+    EXPECT_EQ(browse.Drive1.Drive.Get(), folder / u"inner");
+    EXPECT_EQ(browse.Dir1.Path.Get(), folder / u"inner/deep");
+    browse.Drive1.Drive = u"/";
+    EXPECT_EQ(browse.Dir1.Path.Get(), u"/");
+    browse.Dir1.Go(folder / u"inner/deep");
+    browse.Drive1.Drive = u"/";
+    EXPECT_EQ(browse.Dir1.Path.Get(), u"/");
+    browse.Command1.Click();
+  };
+  browse.ShowModal();
+  EXPECT_EQ(browse.ChosenFolder, u"/");
 
   windows.OnModal = [&](Form&) {
     const String drive = browse.Drive1.Drive;

@@ -93,6 +93,27 @@ TEST(ByteFile, MovesAndReadsBack) {
   EXPECT_EQ(fs::status(folder.Path / "one").permissions(), fs::perms(0600));
 }
 
+TEST(ByteFile, ANamelessCopyStaysAsItWas) {
+  // The second time on a file system that knows no nameless files.
+  for (const int error : {0, EOPNOTSUPP}) {
+    const TestFolder folder;
+    const std::string content(300'001, 'c');
+    folder.Put("file", content);
+    int opened = 0;
+    sys::OnCall = [&](const char* call) {
+      return call == std::string("open") && ++opened == 2 ? error : 0;
+    };
+    InputFile copy = InputFile::CopyOf(folder / "file");
+    sys::OnCall = nullptr;
+    EXPECT_EQ(folder.Names(), std::set<std::string>{"file"});
+    folder.Put("file", "other");
+    std::string read;
+    copy.ReadRest([&](std::string_view bytes) { read += bytes; });
+    EXPECT_TRUE(read == content) << read.size();
+    EXPECT_EQ(copy.Size(), content.size());
+  }
+}
+
 TEST(ByteFile, AWriteCutShortByTheSystemFails) {
   // The limit makes the kernel write a part first and refuse the rest.
   EXPECT_EQ(InChild([] {

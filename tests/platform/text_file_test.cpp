@@ -285,6 +285,18 @@ TEST_F(TextFile, WorkFilesAreExact) {
   }
 }
 
+TEST_F(TextFile, ADataFileOfAnySizeIsRefusedBeforeItIsRead) {
+  Put("");
+  std::filesystem::resize_file(ToUtf8(Path()), std::uintmax_t{1} << 40);
+  try {
+    ReadDataFile(Path());
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Code, kOutOfMemory);
+    EXPECT_NE(std::string(error.what()).find("too large"), std::string::npos);
+  }
+}
+
 TEST_F(TextFile, DataFilesKeepTheirLines) {
   EXPECT_EQ(ReadDataFile(Put("a\r\n\nb\rc\n")), (std::vector<String>{u"a", u"", u"b", u"c"}));
   struct {

@@ -128,11 +128,49 @@ TEST(WorkFolder, ManyProcessesNeverShareAFolder) {
   EXPECT_EQ(folder.Names(), std::set<std::string>{"WFLOCK"});
 }
 
+TEST(WorkFolder, WithoutALockToBeHadEachWorksApart) {
+  for (const int error : {ENOLCK, EOPNOTSUPP, ENOSYS, EINVAL}) {
+    const TestFolder folder;
+    sys::OnCall = [&](const char* call) { return call == std::string("flock") ? error : 0; };
+    {
+      const WorkFolder first(folder / "");
+      const WorkFolder second(folder / "");
+      EXPECT_FALSE(first.HoldsLock());
+      EXPECT_NE(first.Path(), second.Path());
+      EXPECT_TRUE(FolderExists(first.Path()));
+      EXPECT_TRUE(FolderExists(second.Path()));
+    }
+    sys::OnCall = nullptr;
+    EXPECT_EQ(folder.Names(), std::set<std::string>{"WFLOCK"}) << error;
+  }
+}
+
+TEST(WorkFolder, AnotherThingInPlaceOfTheLockIsNoneToWaitFor) {
+  const std::function<void(const char*)> things[]{
+      [](const char* path) { ASSERT_EQ(mkfifo(path, 0600), 0); },
+      [](const char* path) { fs::create_directory(path); },
+      [](const char* path) { fs::create_symlink("nowhere", path); }};
+  for (const auto& make : things) {
+    const TestFolder folder;
+    make((folder.Path / "WFLOCK").c_str());
+    const WorkFolder apart(folder / "");
+    EXPECT_FALSE(apart.HoldsLock());
+    EXPECT_TRUE(FileNameOf(apart.Path()).starts_with(u"WFTEMP-"));
+  }
+}
+
 TEST(WorkFolder, SaysWhatCantBeMadeOrWritten) {
   const TestFolder folder;
   folder.Put("file", "");
-  EXPECT_NE(CodeOf([&] { WorkFolder(folder / "file/data"); }), 0);
-  EXPECT_NE(CodeOf([&] { WorkFolder(folder / "file"); }), 0);
+  for (const char* name : {"file/data", "file/deep/data", "file"}) try {
+      WorkFolder data(folder / name);
+      ADD_FAILURE();
+    } catch (const RuntimeError& error) {
+      const std::string text = error.what();
+      EXPECT_EQ(text.find("The data folder " + ToUtf8(folder / name) + " can't be"), 0u) << text;
+      EXPECT_NE(text.find("WORDFLURN_HOME"), std::string::npos);
+      EXPECT_NE(text.find("Not a directory"), std::string::npos) << text;
+    }
   if (getuid() != 0) GTEST_SKIP() << "needs root to become somebody else";
   fs::permissions(folder.Path, fs::perms(0755));
   EXPECT_EQ(InChild([&] {

@@ -319,10 +319,16 @@ TEST(FileLists, WorkInAWindow) {
   form.Show();
   auto* list = windows.WindowOf(form)->findChild<QListView*>();
   EXPECT_EQ(list->currentIndex().data().toString(), "usr");
-  list->setCurrentIndex(list->model()->index(0, 0));
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualRect(list->model()->index(0, 0)).center());
+  EXPECT_EQ(form.Folders.Path, u"/usr") << "a click only highlights";
+  EXPECT_EQ(form.Folders.Highlighted(), u"/");
   QTest::keyClick(list, Qt::Key_Return);
   EXPECT_EQ(form.Folders.Path, u"/");
   EXPECT_EQ(pressed, 0) << "Return goes to the folder";
+  EXPECT_EQ(list->currentIndex().row(), 0);
+  form.Folders.ListIndex = 1;
+  EXPECT_EQ(list->currentIndex().row(), 1);
 }
 
 }  // namespace

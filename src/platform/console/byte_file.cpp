@@ -2,8 +2,11 @@
 
 #include <fcntl.h>
 #include <utility>
+#include <vector>
 
+#include "platform/console/scratch_file.h"
 #include "platform/console/sys.h"
+#include "platform/files.h"
 
 namespace {
 
@@ -13,10 +16,29 @@ int OpenEmpty(const String& path) {
   return descriptor.Release();
 }
 
+// A new file without a name, or -1.
+int OpenNameless(const String& folder) {
+  const int descriptor = sys::Open(folder, O_TMPFILE | O_RDWR, 0600);
+  if (descriptor >= 0 || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL))
+    return descriptor;
+  // A file system that can't: the name goes right after it was made.
+  ScratchFile named;
+  return named.Make(folder, u".wordflurn-", 0600) < 0 ? -1 : named.Release();
+}
+
 }  // namespace
 
 InputFile::InputFile(const String& path)
     : descriptor_(sys::OpenRegular(path, O_RDONLY)), path_(path) {}
+
+InputFile InputFile::CopyOf(const String& path) {
+  InputFile source(path);
+  InputFile copy(sys::Check(OpenNameless(FolderOf(path)), path), path);
+  source.ReadRest(
+      [&](std::string_view bytes) { sys::Check(sys::Write(copy.descriptor_, bytes), path); });
+  copy.Rewind();
+  return copy;
+}
 
 InputFile::InputFile(InputFile&& other) noexcept
     : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
@@ -33,6 +55,11 @@ InputFile::~InputFile() {
 
 std::size_t InputFile::Read(char* buffer, std::size_t size) {
   return static_cast<std::size_t>(sys::Check(sys::Read(descriptor_, buffer, size), path_));
+}
+
+void InputFile::ReadRest(const std::function<void(std::string_view bytes)>& use) {
+  std::vector<char> block(1 << 17);
+  while (const std::size_t size = Read(block.data(), block.size())) use({block.data(), size});
 }
 
 void InputFile::Rewind() { sys::Check(sys::Rewind(descriptor_), path_); }

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <unistd.h>
-#include <vector>
 
 #include "platform/byte_file.h"
 #include "platform/console/sys.h"
@@ -50,9 +49,7 @@ void CopyFileContent(const String& from, const String& to) {
   InputFile source(from);
   if (IsSameFile(from, to)) return;
   OutputFile target(to);
-  std::vector<char> block(1 << 17);
-  while (const std::size_t size = source.Read(block.data(), block.size()))
-    target.Write({block.data(), size});
+  source.ReadRest([&](std::string_view bytes) { target.Write(bytes); });
   target.Close();
 }
 
@@ -79,7 +76,8 @@ void MakeFolders(const String& path, unsigned mode) {
   if (FolderExists(path)) return;
   if (const String parent = FolderOf(path); parent.size() < path.size()) MakeFolders(parent, mode);
   // Another process may be making the same folders.
-  if (sys::MakeFolder(path, mode) < 0 && !(errno == EEXIST && FolderExists(path))) sys::Throw(path);
+  if (sys::MakeFolder(path, mode) == 0 || (errno == EEXIST && FolderExists(path))) return;
+  sys::Throw(path, errno == EEXIST ? ENOTDIR : errno);
 }
 
 bool CanWriteIn(const String& folder) {

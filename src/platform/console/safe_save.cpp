@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <optional>
-#include <vector>
 
 #include "platform/byte_file.h"
 #include "platform/console/file_attributes.h"
@@ -52,12 +51,7 @@ void WriteAll(int descriptor, const String& path, const Producer& produce) {
 
 // Hands over what a file holds.
 Producer ContentOf(const String& path) {
-  return [path](const ByteSink& sink) {
-    InputFile file(path);
-    std::vector<char> block(1 << 16);
-    while (const std::size_t size = file.Read(block.data(), block.size()))
-      sink({block.data(), size});
-  };
+  return [path](const ByteSink& sink) { InputFile(path).ReadRest(sink); };
 }
 
 // Writes from the start without cutting the file first, so that the old content always finds its

@@ -25,7 +25,7 @@ ScratchFile::~ScratchFile() {
 
 int ScratchFile::Make(const String& folder, StringView prefix, mode_t mode) {
   const String path = JoinPath(folder, String(prefix) + RandomDigits());
-  sys::Descriptor made(sys::Open(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode));
+  sys::Descriptor made(sys::Open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode));
   if (made.Get() < 0) return -1;
   descriptor_ = std::move(made);
   path_ = path;

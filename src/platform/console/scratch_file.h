@@ -15,6 +15,8 @@ class ScratchFile {
 
   // Makes the file in a folder, its name `prefix` and 16 digits. -1 and errno on a failure.
   int Make(const String& folder, StringView prefix, mode_t mode);
+  // Hands the open file, which can be read as well, to the caller; the name goes.
+  int Release() { return descriptor_.Release(); }
   int Get() const { return descriptor_.Get(); }
   const String& Path() const { return path_; }
   int Close() { return sys::Close(descriptor_.Release()); }

@@ -12,13 +12,40 @@ namespace {
 constexpr std::array<StringView, 2> kPlaces{u"wordflurn-qt.so",
                                             u"../lib/wordflurn/wordflurn-qt.so"};
 
+// The platform that the environment asks for, without its settings behind a colon. May be a list.
+String WantedPlatform() {
+  const String wanted = Environment("QT_QPA_PLATFORM");
+  return wanted.substr(0, wanted.find(u':'));
+}
+
 bool CanShowWindows() {
   if (!Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty()) return true;
-  // Platforms that need no display; behind a colon stand their settings.
-  const String platform = Environment("QT_QPA_PLATFORM");
-  const auto name = platform.substr(0, platform.find(u':'));
+  // Platforms that need no display.
+  const String name = WantedPlatform();
   constexpr std::array<StringView, 3> kWithoutDisplay{u"offscreen", u"minimal", u"vnc"};
   return std::find(kWithoutDisplay.begin(), kWithoutDisplay.end(), name) != kWithoutDisplay.end();
+}
+
+bool WantsX11() {
+  const String platform = WantedPlatform();
+  return platform == u"xcb" || (platform.empty() && Environment("WAYLAND_DISPLAY").empty());
+}
+
+// Asks the X server of DISPLAY. True as well when there is nothing to ask with.
+bool AnswersOnX11() {
+  using Connect = void*(const char* display, int* screen);
+  using HasError = int(void* connection);
+  using Disconnect = void(void* connection);
+  void* const library = dlopen("libxcb.so.1", RTLD_NOW);
+  if (!library) return true;
+  auto* connect = reinterpret_cast<Connect*>(dlsym(library, "xcb_connect"));
+  auto* hasError = reinterpret_cast<HasError*>(dlsym(library, "xcb_connection_has_error"));
+  auto* disconnect = reinterpret_cast<Disconnect*>(dlsym(library, "xcb_disconnect"));
+  if (!connect || !hasError || !disconnect) return true;
+  void* const connection = connect(nullptr, nullptr);
+  const bool answers = hasError(connection) == 0;
+  disconnect(connection);
+  return answers;
 }
 
 std::string LastError() {
@@ -46,6 +73,10 @@ Function* FindInModule(const char* name) {
     throw RuntimeError(kInvalidCall,
                        "No display: set DISPLAY or WAYLAND_DISPLAY, or name a tool to run without "
                        "windows.");
+  // The toolkit would end the process without a word to its caller.
+  if (WantsX11() && !AnswersOnX11())
+    throw RuntimeError(kInvalidCall,
+                       "Can't connect to the display \"" + ToUtf8(Environment("DISPLAY")) + "\".");
   // Never closed: the toolkit in it does not survive that.
   auto* function = reinterpret_cast<Function*>(dlsym(OpenModule(), name));
   if (!function)

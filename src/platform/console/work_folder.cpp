@@ -19,16 +19,27 @@ bool IsRegularOrFolder(const struct stat& status) {
 }
 
 // Opens and locks a file or a folder. No descriptor and EWOULDBLOCK when another process has the
-// lock, ENOENT when the name led elsewhere by the time the lock was had.
+// lock, ENOENT when the name led elsewhere by the time the lock was had, EINVAL for a pipe and the
+// like.
 sys::Descriptor OpenLocked(const String& path, int flags) {
   sys::Descriptor lock(sys::Open(path, flags | O_NOFOLLOW, 0600));
-  if (lock.Get() < 0 || sys::Lock(lock.Get()) < 0) return {};
   struct stat locked, named;
-  if (fstat(lock.Get(), &locked) == 0 && sys::StatLink(path, named) == 0 &&
-      IsRegularOrFolder(named) && locked.st_dev == named.st_dev && locked.st_ino == named.st_ino)
+  if (lock.Get() < 0 || fstat(lock.Get(), &locked) < 0) return {};
+  if (!IsRegularOrFolder(locked)) {
+    errno = EINVAL;
+    return {};
+  }
+  if (sys::Lock(lock.Get()) < 0) return {};
+  if (sys::StatLink(path, named) == 0 && locked.st_dev == named.st_dev &&
+      locked.st_ino == named.st_ino)
     return lock;
   errno = ENOENT;
   return {};
+}
+
+// Errors of file systems that know no such locks.
+bool LacksLocks(int error) {
+  return error == ENOLCK || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
 }
 
 void RemoveTree(const String& path) {
@@ -52,7 +63,8 @@ void RemoveStale(const String& folder) {
   }
 }
 
-// Makes a private folder and locks it.
+// Makes a private folder and locks it. One that can't be locked can't be taken for a stale one
+// either: nobody else gets its lock.
 sys::Descriptor MakePrivate(const String& folder, String& path) {
   const String base = String(kPrivatePrefix) + Str(getpid());
   for (int number = 0; number < kMostNames; ++number) {
@@ -63,7 +75,7 @@ sys::Descriptor MakePrivate(const String& folder, String& path) {
       sys::Throw(path);
     }
     sys::Descriptor lock = OpenLocked(path, O_RDONLY | O_DIRECTORY);
-    if (lock.Get() >= 0) return lock;
+    if (lock.Get() >= 0 || LacksLocks(errno)) return lock;
     if (errno != ENOENT && errno != EWOULDBLOCK) {
       const int error = errno;
       RemoveTree(path);
@@ -71,6 +83,15 @@ sys::Descriptor MakePrivate(const String& folder, String& path) {
     }
   }
   sys::Throw(folder, EEXIST);
+}
+
+// Names the data folder, whatever part of its path is to blame, and the way out.
+void MakeDataFolder(const String& path) try {
+  MakeFolders(path, 0700);
+  sys::Check(sys::Access(path, W_OK | X_OK), path);
+} catch (const RuntimeError& error) {
+  throw RuntimeError(error.Code, "The data folder " + ToUtf8(path) + " can't be made or written: " +
+                                     error.what() + ". WORDFLURN_HOME can name another one.");
 }
 
 }  // namespace
@@ -82,8 +103,7 @@ struct WorkFolder::State {
 
 WorkFolder::WorkFolder(const String& dataFolder)
     : path_(AbsolutePath(dataFolder)), state_(std::make_unique<State>()) {
-  MakeFolders(path_, 0700);
-  sys::Check(sys::Access(path_, W_OK | X_OK), path_);
+  MakeDataFolder(path_);
   RemoveStale(path_);
   const String lockPath = JoinPath(path_, kLockName);
   for (int attempt = 0; attempt < kMostNames; ++attempt) {
@@ -92,7 +112,8 @@ WorkFolder::WorkFolder(const String& dataFolder)
   }
   state_->HoldsLock = state_->Lock.Get() >= 0;
   if (state_->HoldsLock) return;
-  if (errno != EWOULDBLOCK) sys::Throw(lockPath);
+  // Whatever the reason (a file system without locks, another thing by that name): a private folder
+  // works all the same, or tells better what is wrong.
   const String folder = path_;
   state_->Lock = MakePrivate(folder, path_);
 }

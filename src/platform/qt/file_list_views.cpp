@@ -84,22 +84,21 @@ QWidget* MakeView(DirListBox& box, Bindings& bindings) {
   view->setIconSize({kSmallIcon, kSmallIcon});
   view->setSpacing(1);
   view->setItemDelegate(new IndentedRow(view));
-  const auto showPath = [&box, view] {
-    const auto& rows = box.Rows.Get();
-    const auto found = std::find_if(rows.begin(), rows.end(), [&box](const DirListBox::Row& row) {
-      return row.Path == box.Path.Get();
-    });
-    view->setCurrentRow(found == rows.end() ? -1 : static_cast<int>(found - rows.begin()));
+  const auto showIndex = [&box, view] {
+    const QSignalBlocker quiet(view);
+    view->setCurrentRow(box.ListIndex);
   };
-  bindings.Follow(box.Rows, [&box, view, showPath] {
+  bindings.Follow(box.Rows, [&box, view, showIndex] {
+    const QSignalBlocker quiet(view);
     view->clear();
     for (const auto& row : box.Rows.Get()) {
       auto* item = new QListWidgetItem(NamedIcon(u"folder"), ToQt(row.Name), view);
       item->setData(kDepthRole, row.Depth);
     }
-    showPath();
+    showIndex();
   });
-  bindings.Watch(box.Path, showPath);
+  bindings.Watch(box.ListIndex, showIndex);
+  bindings.On(view, &QListWidget::currentRowChanged, [&box](int row) { box.ListIndex = row; });
   const auto go = [&box](int index) {
     const auto& rows = box.Rows.Get();
     if (index < 0 || index >= static_cast<int>(rows.size())) return;
