@@ -305,4 +305,35 @@ TEST_F(DocumentTest, EncryptedFileIsNotRelockedUnderTheDocument) {
   EXPECT_EQ(App().Caption.Get(), u"WordFlurn 2.0 (encrypted) - f.txt");
 }
 
+// Whatever a file holds: opened and saved it is the same, byte for byte.
+TEST_F(DocumentTest, OpenedAndSavedUnchangedIsTheSameFile) {
+  std::vector<std::string> contents = {"", "\r", "\n", "\r\n", "a\n\r\nb\r\rc\n"};
+  const std::string marks[] = {"", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};
+  const std::string bodies[] = {
+      "plain\r\ntext",
+      "unix\ntext\n",
+      "old\rtext\r",
+      "all\rkinds\nof\r\nends\n\r",
+      std::string("NUL\0 and \x1A", 11),
+      "caf\xE9 \x81\x93\x94",
+      "caf\xC3\xA9 \xE2\x80\xA8 \xF0\x9F\x98\x80",
+      "overlong \xC0\xAF, half \xE2\x82, surrogate \xED\xA0\x80",
+      std::string("\x00\xD8\x41\x00\x0D\x00\x0A\x00\x28\x20", 10),
+      "odd number of bytes",
+      "\xEF\xB7\x90\xEF\xB7\x91\xEF\xB7\x92\xEF\xBF\xBF",
+  };
+  for (const std::string& mark : marks) {
+    for (const std::string& body : bodies) contents.push_back(mark + body);
+  }
+  Start();
+  for (const std::string& content : contents) {
+    SCOPED_TRACE(testing::PrintToString(content));
+    const String file = Files.Put(u"awkward", content);
+    Open(file);
+    App().Menu.SaveMenu.Click();
+    EXPECT_TRUE(App().Fields.FileSaved);
+    EXPECT_EQ(BytesOf(file), content);
+  }
+}
+
 }  // namespace
