@@ -129,7 +129,7 @@ TEST_F(Bars, ToolButtonsShowIconsAndTellTheirNames) {
 
 TEST_F(Bars, StatusPanelsOfferTheirChoicesAndStandStill) {
   auto* panel = Find<QStatusBar>(form)->findChild<QToolButton*>();
-  EXPECT_EQ(panel->text(), "Unix && co");
+  EXPECT_EQ(panel->text(), "Unix && co \u25BE");
   const int width = panel->minimumWidth();
   form.Ends.Text = u"x";
   EXPECT_EQ(panel->minimumWidth(), width);
