@@ -5,6 +5,7 @@
 
 #include "form_fixture.h"
 #include "platform/byte_file.h"
+#include "platform/files.h"
 #include "platform/qt/qt_common_dialog.h"
 #include "platform/runtime_error.h"
 
@@ -117,6 +118,8 @@ TEST_F(CommonDialogs, AsksBeforeAFileWithStrayBytesIsReplaced) {
   dialog->ShowSave();
   EXPECT_EQ(asked, 2);
   EXPECT_EQ(dialog->FileName, path);
+  // The temporary folder can't see it either.
+  DeleteFile(path);
 }
 
 TEST(NameFilter, BecomesQtsOwn) {
