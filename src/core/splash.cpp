@@ -4,6 +4,7 @@ frmSplash::frmSplash(WindowSystem& windows) : Form(windows) {
   Caption = u"WordFlurn";
   Image1.Icon = u"application";
   Label1.Caption = u"WordFlurn";
+  Label1.Heading = true;
   Label2.Caption = u"Version 2.0";
 }
 

@@ -22,7 +22,8 @@ class CommonDialog {
   String Filter;
   // The filter shown first, counted from 1.
   int FilterIndex = 1;
-  // Where the dialog starts; empty for the folder used last.
+  // Where the dialog starts when no dialog has been used before. Saving starts where the file of
+  // FileName is, opening goes there when all else fails.
   String InitDir;
   int Flags = 0;
 };

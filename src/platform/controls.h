@@ -35,6 +35,8 @@ struct Label : Control {
   Property<String> Caption;
   // Long text breaks at words; the control grows downward.
   bool WordWrap = false;
+  // Larger and bold.
+  bool Heading = false;
 };
 
 // A picture by its name in the icon table of the window system.

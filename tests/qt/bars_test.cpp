@@ -131,7 +131,7 @@ TEST_F(Bars, ToolButtonsShowIconsAndTellTheirNames) {
 
 TEST_F(Bars, StatusPanelsOfferTheirChoicesAndStandStill) {
   auto* panel = Find<QStatusBar>(form)->findChild<QToolButton*>();
-  EXPECT_EQ(panel->text(), "Unix && co");
+  EXPECT_EQ(panel->text(), "Unix && co \u25BE");
   const int width = panel->minimumWidth();
   form.Ends.Text = u"x";
   EXPECT_EQ(panel->minimumWidth(), width);
@@ -140,6 +140,11 @@ TEST_F(Bars, StatusPanelsOfferTheirChoicesAndStandStill) {
   form.Dos.OnClick = [&] { ++chosen; };
   panel->menu()->actions().at(1)->trigger();
   EXPECT_EQ(chosen, 1);
+  // The mouse was on the button when its menu opened, and is elsewhere when it closes.
+  panel->setAttribute(Qt::WA_UnderMouse);
+  QCursor::setPos(panel->mapToGlobal(QPoint(-50, -50)));
+  Q_EMIT panel->menu()->aboutToHide();
+  EXPECT_FALSE(panel->underMouse());
   form.Bar.Message = u"Saved";
   EXPECT_EQ(Find<QStatusBar>(form)->findChild<QLabel*>()->text(), "Saved");
 }

@@ -1,8 +1,11 @@
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTemporaryDir>
 
 #include "form_fixture.h"
+#include "platform/byte_file.h"
+#include "platform/files.h"
 #include "platform/qt/qt_common_dialog.h"
 #include "platform/runtime_error.h"
 
@@ -57,6 +60,66 @@ TEST_F(CommonDialogs, TheFileChosenAndItsFolderAreKept) {
     Open()->reject();
   });
   EXPECT_THROW(next->ShowOpen(), RuntimeError);
+}
+
+TEST_F(CommonDialogs, SavingStartsAtTheFileAndOpeningWhereTheUserWas) {
+  QTemporaryDir own, last, init;
+  auto dialog = windows.CreateCommonDialog();
+  const auto start = [&](bool save) {
+    QString folder;
+    Meanwhile([&] {
+      folder = Open()->directory().absolutePath();
+      Open()->reject();
+    });
+    EXPECT_THROW(save ? dialog->ShowSave() : dialog->ShowOpen(), RuntimeError);
+    return folder;
+  };
+  dialog->FileName = FromQt(own.filePath("a.txt"));
+  EXPECT_EQ(start(false), own.path());
+  dialog->InitDir = FromQt(init.path());
+  EXPECT_EQ(start(false), init.path());
+  EXPECT_EQ(start(true), own.path());
+
+  dialog->FileName = FromQt(last.filePath("b.txt"));
+  Meanwhile([] { static_cast<QDialog*>(Open())->accept(); });
+  dialog->ShowSave();
+  dialog->FileName = FromQt(own.filePath("a.txt"));
+  EXPECT_EQ(start(false), last.path());
+  EXPECT_EQ(start(true), own.path());
+  dialog->FileName = u"no folder.txt";
+  EXPECT_EQ(start(true), last.path());
+}
+
+// Such a file is out of Qt's sight.
+TEST_F(CommonDialogs, AsksBeforeAFileWithStrayBytesIsReplaced) {
+  QTemporaryDir folder;
+  const String path = FromQt(folder.filePath("odd")) + u"\xDCFF.txt";
+  OutputFile(path).Write("text");
+  auto dialog = windows.CreateCommonDialog();
+  dialog->FileName = path;
+  dialog->Flags = CommonDialog::kOverwritePrompt;
+  int asked = 0;
+  const auto answer = [&](QMessageBox::StandardButton button) {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box) return;
+    ++asked;
+    box->button(button)->click();
+  };
+  Meanwhile([&] {
+    Meanwhile([&] {
+      Meanwhile([&] {
+        Meanwhile([&] { answer(QMessageBox::Yes); });
+        static_cast<QDialog*>(Open())->accept();
+      });
+      answer(QMessageBox::No);
+    });
+    static_cast<QDialog*>(Open())->accept();
+  });
+  dialog->ShowSave();
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(dialog->FileName, path);
+  // The temporary folder can't see it either.
+  DeleteFile(path);
 }
 
 TEST(NameFilter, BecomesQtsOwn) {

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
+#include <QStyleOptionToolButton>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -63,6 +64,35 @@ void KeepWidth(QWidget* panel) {
   panel->setMinimumWidth(std::max(panel->minimumWidth(), panel->sizeHint().width()));
 }
 
+// Offers choices. Its own small mark stands behind the text instead of the style's, which would be
+// drawn into the text's corner.
+class ChoiceButton : public QToolButton {
+ public:
+  explicit ChoiceButton(QMenu* menu) {
+    setAutoRaise(true);
+    setToolButtonStyle(Qt::ToolButtonTextOnly);
+    setFocusPolicy(Qt::TabFocus);
+    setPopupMode(InstantPopup);
+    menu->setParent(this, menu->windowFlags());
+    setMenu(menu);
+    // The button hears nothing of the mouse while the menu is open, and would stay raised.
+    connect(menu, &QMenu::aboutToHide, this, [this] {
+      setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+      update();
+    });
+  }
+  void Show(const QString& text) {
+    // "&" would mark a letter.
+    setText(QString(text).replace(u'&', QStringLiteral("&&")) + QStringLiteral(" \u25BE"));
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionToolButton* option) const override {
+    QToolButton::initStyleOption(option);
+    option->features &= ~QStyleOptionToolButton::HasMenu;
+  }
+};
+
 QWidget* MakePanel(StatusPanel& panel, Bindings& bindings) {
   QWidget* view = nullptr;
   if (panel.Choices.empty()) {
@@ -75,17 +105,11 @@ QWidget* MakePanel(StatusPanel& panel, Bindings& bindings) {
     });
     view = label;
   } else {
-    auto* button = new QToolButton;
-    button->setAutoRaise(true);
-    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setPopupMode(QToolButton::InstantPopup);
-    auto* menu = new QMenu(button);
+    auto* menu = new QMenu;
     FillMenu(*menu, panel.Choices, bindings);
-    button->setMenu(menu);
+    auto* button = new ChoiceButton(menu);
     bindings.Follow(panel.Text, [&panel, button] {
-      // "&" would mark a letter.
-      button->setText(ToQt(panel.Text).replace(u'&', QStringLiteral("&&")));
+      button->Show(ToQt(panel.Text));
       KeepWidth(button);
     });
     view = button;

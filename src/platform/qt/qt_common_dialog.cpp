@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QMessageBox>
 
+#include "platform/files.h"
 #include "platform/qt/strings.h"
 #include "platform/qt/window_place.h"
 #include "platform/runtime_error.h"
@@ -23,19 +25,38 @@ QStringList NameFilters(const String& filter) {
   return filters;
 }
 
-QString QtCommonDialog::StartFolder() const {
-  const QString named = FileName.empty() ? QString() : QFileInfo(ToQt(FileName)).absolutePath();
-  for (const QString& folder : {ToQt(InitDir), *lastFolder_, named})
+QString QtCommonDialog::StartFolder(bool save) const {
+  // A bare name says nothing about a folder.
+  const bool hasFolder = FileName.find(kPathSeparator) != String::npos;
+  const QString own = hasFolder ? ToQt(FolderOf(FileName)) : QString(), first = ToQt(InitDir);
+  const QStringList folders =
+      save ? QStringList{own, *lastFolder_, first} : QStringList{*lastFolder_, first, own};
+  for (const QString& folder : folders)
     if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
   return QDir::currentPath();
 }
 
+namespace {
+
+// Qt can't see a file whose name is not valid UTF-8, so its dialog does not ask about one.
+bool MayReplace(QFileDialog& dialog, const QString& path) {
+  if (QFileInfo::exists(path) || !FileExists(FromQt(path))) return true;
+  const QString question = QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
+                               .arg(QFileInfo(path).fileName());
+  return QMessageBox::warning(&dialog, dialog.windowTitle(), question,
+                              QMessageBox::Yes | QMessageBox::No,
+                              QMessageBox::No) == QMessageBox::Yes;
+}
+
+}  // namespace
+
 void QtCommonDialog::Ask(QFileDialog::AcceptMode mode) {
   const bool save = mode == QFileDialog::AcceptSave;
-  QFileDialog dialog(nullptr, ToQt(DialogTitle), StartFolder());
+  QFileDialog dialog(nullptr, ToQt(DialogTitle), StartFolder(save));
   dialog.setAcceptMode(mode);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite, save && (Flags & kOverwritePrompt) == 0);
+  const bool asks = save && (Flags & kOverwritePrompt) != 0;
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !asks);
   const QStringList filters = NameFilters(Filter);
   if (!filters.isEmpty()) {
     dialog.setNameFilters(filters);
@@ -45,8 +66,10 @@ void QtCommonDialog::Ask(QFileDialog::AcceptMode mode) {
 
   PlaceOver(dialog, QApplication::activeWindow());
 
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-    throw RuntimeError(kDialogCancelled, "The file dialog was cancelled.");
+  do {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+      throw RuntimeError(kDialogCancelled, "The file dialog was cancelled.");
+  } while (asks && !MayReplace(dialog, dialog.selectedFiles().constFirst()));
 
   const QFileInfo chosen(dialog.selectedFiles().constFirst());
   *lastFolder_ = chosen.absolutePath();

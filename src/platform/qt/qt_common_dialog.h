@@ -15,7 +15,7 @@ class QtCommonDialog : public CommonDialog {
 
  private:
   void Ask(QFileDialog::AcceptMode mode);
-  QString StartFolder() const;
+  QString StartFolder(bool save) const;
 
   std::shared_ptr<QString> lastFolder_;
 };

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kPictureSize = 40;
 constexpr int kButtonPadding = 14;
+constexpr double kHeadingScale = 1.7;
 
 // Draws the icon each time, so that it follows palette and scale.
 class Picture : public QWidget {
@@ -47,6 +48,12 @@ QWidget* MakeView(Label& label, Bindings& bindings) {
   }
   auto* view = new QLabel;
   view->setTextFormat(Qt::PlainText);
+  if (label.Heading) {
+    QFont font = view->font();
+    font.setPointSizeF(font.pointSizeF() * kHeadingScale);
+    font.setBold(true);
+    view->setFont(font);
+  }
   bindings.Follow(label.Caption, [&label, view] { view->setText(ToQt(label.Caption)); });
   return view;
 }

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <type_traits>
 
 namespace {
@@ -41,6 +42,23 @@ class DialogFrame : public Frame<QDialog> {
   void done(int) override { handlers_.Close(); }
 };
 
+// The desktop puts no frame round it.
+class SplashFrame : public DialogFrame {
+ public:
+  SplashFrame(FrameHandlers handlers, Qt::WindowFlags flags)
+      : DialogFrame(std::move(handlers), flags) {
+    constexpr int kMargin = 14;
+    setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+};
+
 }  // namespace
 
 QWidget* MakeWindow(Form::Frame style, FrameHandlers handlers) {
@@ -51,7 +69,7 @@ QWidget* MakeWindow(Form::Frame style, FrameHandlers handlers) {
     case Form::Frame::Progress:
       return new DialogFrame(std::move(handlers), kTitled);
     case Form::Frame::Splash:
-      return new DialogFrame(std::move(handlers),
+      return new SplashFrame(std::move(handlers),
                              Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     case Form::Frame::Dialog:
       break;
