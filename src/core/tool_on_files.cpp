@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "core/data_files.h"
+#include "editor/encryption_marker.h"
 #include "platform/byte_file.h"
 #include "platform/console/console_window_system.h"
 #include "platform/files.h"
@@ -13,10 +14,20 @@
 
 namespace {
 
+// Encrypted text must not be changed by a tool: it could never be decrypted again.
+void RefuseEncrypted(TextReader& reader, const String& file) {
+  while (!reader.AtEnd()) {
+    if (HoldsEncryptionMarker(reader.ReadLine()))
+      throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
+  }
+  reader.Rewind();
+}
+
 void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
   SharedFields& fields = context.Fields;
   fields.BatchCurrentFile = file;
   fields.InputFileNum = std::make_unique<TextReader>(file);
+  RefuseEncrypted(*fields.InputFileNum, file);
   tool.Run(context);
   fields.InputFileNum.reset();
   SafeSave(file, [&](const ByteSink& sink) { InputFile(fields.TempFile1).ReadRest(sink); });
@@ -44,7 +55,7 @@ int RunToolOnFiles(const String& toolName, std::span<const String> files) {
   for (const String& file : files) {
     try {
       RunOnFile(context, *tool, file);
-    } catch (const RuntimeError& error) {
+    } catch (const std::exception& error) {
       std::cerr << "wordflurn: " << error.what() << '\n';
       status = 2;
     }
