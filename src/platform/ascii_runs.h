@@ -70,6 +70,20 @@ inline const char16_t* FindUnit(const char16_t* p, const char16_t* end, char16_t
   return p;
 }
 
+// The first `unit` at or after `p` that is followed by `next`, or `end`. The unit at `end` is read.
+inline const char16_t* FindTwoUnits(const char16_t* p, const char16_t* end, char16_t unit,
+                                    char16_t next) {
+  while (end - p >= kRun) {
+    char16_t hits = 0;
+    for (std::ptrdiff_t i = 0; i < kRun; ++i)
+      hits = static_cast<char16_t>(hits | ((p[i] == unit) & (p[i + 1] == next)));
+    if (hits != 0) break;
+    p += kRun;
+  }
+  while (p != end && (*p != unit || p[1] != next)) ++p;
+  return p;
+}
+
 // Whether a half of a surrogate pair is among the kLength units at `p`.
 template <std::ptrdiff_t kLength>
 inline bool HasSurrogate(const char16_t* p) {

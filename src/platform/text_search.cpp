@@ -23,13 +23,17 @@ std::size_t FindByTable(StringView text, StringView what, std::size_t from) {
   return StringView::npos;
 }
 
-// Looks for the first character and compares from there; goes over to the table when comparing
+// Looks for the first two characters and compares from there; goes over to the table when comparing
 // has cost more than the way covered is worth.
 std::size_t Find(StringView text, StringView what, std::size_t from) {
   const char16_t* const begin = text.data();
   const char16_t* const last = begin + (text.size() - what.size());
   std::size_t compared = 0;
-  for (const char16_t* p = begin + from; (p = FindUnit(p, last + 1, what.front())) <= last; ++p) {
+  const auto candidate = [&](const char16_t* p) {
+    return what.size() == 1 ? FindUnit(p, last + 1, what[0])
+                            : FindTwoUnits(p, last + 1, what[0], what[1]);
+  };
+  for (const char16_t* p = begin + from; (p = candidate(p)) <= last; ++p) {
     const auto difference = std::mismatch(what.begin() + 1, what.end(), p + 1).first;
     if (difference == what.end()) return static_cast<std::size_t>(p - begin);
     compared += static_cast<std::size_t>(difference - what.begin());
