@@ -74,7 +74,9 @@ void ChangeCase::WireEditor() {
     const bool controlAlone = key.Control && !key.Shift && !key.Alt;
     if (controlAlone && key.Key == 'V' && !RichTextBox1.Locked) Edit.BeforeKeyPaste();
     UndoEdit.KeyDown(key);
+    if (key.Handled && Fields.UndoBroken) TellUndoBroken();
   };
+  RichTextBox1.OnPaste = [this] { Document.CheckSetLock(); };
   RichTextBox1.OnMouseDown = [this] { UndoEdit.MouseDown(); };
   RichTextBox1.ContextMenu = &Menu.EditMenu;
   UndoEdit.StateChanged = [this] { ShowUndoState(); };
@@ -114,6 +116,8 @@ void ChangeCase::WireEditMenu() {
   Menu.SelectAllMenu.OnClick = [this] { Edit.SelectAll(); };
   Menu.FindMenu.OnClick = [this] { Find.Open(); };
   Menu.FindNextMenu.OnClick = [this] { Find.FindNext(); };
+  // What was typed just now can be undone as well.
+  Menu.EditMenu.OnOpen = [this] { UndoEdit.MouseDown(); };
 }
 
 void ChangeCase::WireToolBar() {
@@ -269,7 +273,11 @@ void ChangeCase::StartAnew() {
 
 void ChangeCase::UndoLast() {
   UndoEdit.Undo(1);
-  if (!Fields.UndoBroken) return;
+  if (Fields.UndoBroken) TellUndoBroken();
+}
+
+void ChangeCase::TellUndoBroken() {
+  if (!Menu.UndoEditMenu.Visible) return;
   Messages.Notice(kUndoBroken);
   HideUndo();
 }
@@ -280,10 +288,11 @@ void ChangeCase::HideUndo() {
 }
 
 void ChangeCase::ShowUndoState() {
-  Menu.UndoEditMenu.Enabled = UndoEdit.CanUndo();
+  // A broken engine is told of at the next undo, so that must be possible.
+  Menu.UndoEditMenu.Enabled = UndoEdit.CanUndo() || Fields.UndoBroken;
   Menu.RedoEditMenu.Enabled = UndoEdit.CanRedo();
   const auto name = [](MenuItem& item, clsUndo::Kind kind, StringView edit, StringView tool) {
-    if (kind != clsUndo::kOutOfRange) item.Caption = String(kind == clsUndo::kTool ? tool : edit);
+    item.Caption = String(kind == clsUndo::kTool ? tool : edit);
   };
   name(Menu.UndoEditMenu, UndoEdit.UndoKind(UndoEdit.UndoCount()), u"&Undo Edit", u"&Undo Tool");
   name(Menu.RedoEditMenu, UndoEdit.RedoKind(UndoEdit.RedoCount()), u"&Redo Edit", u"&Redo Tool");
@@ -293,13 +302,18 @@ void ChangeCase::KeyDown(KeyEvent& key) {
   // A key held down must not run a command inside itself.
   if (Fields.ToolBusy) return;
   Fields.ToolBusy = true;
-  key.Handled = RunKey(key);
+  try {
+    key.Handled = RunKey(key);
+  } catch (...) {
+    Fields.ToolBusy = false;
+    throw;
+  }
   Fields.ToolBusy = false;
 }
 
 bool ChangeCase::RunKey(const KeyEvent& key) {
   const bool inPanel = Find.Owns(ActiveControl);
-  if (inPanel && key.Key == kKeyEscape) return Find.Close(), true;
+  if (Find.IsOpen() && key.Key == kKeyEscape) return Find.Close(), true;
   if (inPanel && key.Key == kKeyReturn && ActiveControl == &Find.txtFindText)
     return Find.cmdFind.Click(), true;
 
@@ -313,6 +327,9 @@ bool ChangeCase::RunKey(const KeyEvent& key) {
       {kKeyF1 + 8, false, false, [](ChangeCase& app) { app.Menu.HorizWordWrapMenu.Click(); }},
       {kKeyF1 + 10, false, false,
        [](ChangeCase& app) {
+         // What is selected is the editor's text, so that is what the copy is of.
+         app.ActiveControl = &app.RichTextBox1;
+         app.RichTextBox1.SetFocus();
          app.Menu.SelectAllMenu.Click();
          app.Menu.CopyMenu.Click();
        }},

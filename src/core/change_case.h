@@ -78,6 +78,7 @@ class ChangeCase : public Form, private DocumentHost {
   void ToggleWordWrap();
   bool RunKey(const KeyEvent& key);
   void UndoLast();
+  void TellUndoBroken();
   void ShowUndoState();
   void HideUndo();
   void RunTool(const Tool& tool);

@@ -53,12 +53,15 @@ bool clsUndo::Guard(StringView name, Operation operation) {
     failure_ = u"clUndo." + String(name) + u"() : Can't proceed. No textbox control assigned";
     return false;
   }
+  if (fields_.UndoBroken) return false;
   try {
     return operation();
   } catch (const std::exception&) {
     control_->SetRedraw(true);
     fields_.UndoBroken = true;
     tracking_ = false;
+    timer_->SetEnabled(false);
+    Announce();
     return false;
   }
 }
@@ -99,7 +102,7 @@ bool clsUndo::Snapshot() {
   record.SelLengthBefore = previous_.Length;
   record.SelStartAfter = control_->SelStart();
   record.SelLengthAfter = control_->SelLength();
-  record.FirstVisibleLine = control_->FirstVisibleLine();
+  record.FirstVisibleLine = lineBeforeTool_.value_or(control_->FirstVisibleLine());
   record.Time = std::chrono::system_clock::now();
   record.Tool = fields_.ToolUndoPending;
 
@@ -162,8 +165,12 @@ void clsUndo::Apply(const clsUndoElement& record, Direction direction) {
 
 void clsUndo::Suspend(bool suspend) {
   if (!suspend && !tracking_) TakeUndoSnapShot();
-  // What the user had selected before a tool is what comes back with its undo.
-  if (suspend) previous_ = current_;
+  // What the user saw and had selected before a tool is what comes back with its undo.
+  lineBeforeTool_.reset();
+  if (suspend && control_) {
+    previous_ = current_;
+    lineBeforeTool_ = control_->FirstVisibleLine();
+  }
   tracking_ = !suspend && !fields_.UndoBroken;
   Announce();
 }

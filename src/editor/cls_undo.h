@@ -5,6 +5,7 @@
 // only the block that changed. Whoever owns the control passes its events on.
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "core/shared_fields.h"
@@ -82,5 +83,7 @@ class clsUndo {
   std::shared_ptr<const String> baseText_;
   Selection previous_;
   Selection current_;
+  // The line at the top when a tool began, until its change is recorded.
+  std::optional<std::size_t> lineBeforeTool_;
   String failure_;
 };

@@ -1,5 +1,7 @@
 #include "editor/edit_commands.h"
 
+#include <exception>
+
 namespace {
 
 constexpr int kClipboardBackMilliseconds = 4000;
@@ -8,6 +10,15 @@ constexpr StringView kNoPaste =
     u"This text has been encrypted and no editing may be done until after it is decrypted.";
 constexpr StringView kNoEditing =
     u"This text has been encrypted and no editing tasks may be done until after it is decrypted.";
+
+// What the clipboard or the control refuses leaves things as they are.
+template <class Work>
+void Quietly(Work work) {
+  try {
+    work();
+  } catch (const std::exception&) {
+  }
+}
 
 }  // namespace
 
@@ -21,7 +32,7 @@ EditCommands::EditCommands(WindowSystem& windows, RichTextBox& editor,
   timer1_->SetInterval(kClipboardBackMilliseconds);
   timer1_->OnTimer = [this] {
     timer1_->SetEnabled(false);
-    windows_.Clipboard().SetText(clipboardKeep_);
+    windows_.Clipboard().SetRawText(clipboardKeep_);
     clipboardKeep_.clear();
   };
 }
@@ -76,18 +87,27 @@ void EditCommands::SelectAll() {
 }
 
 void EditCommands::CopyText() {
-  windows_.Clipboard().Clear();
-  windows_.Clipboard().SetText(SelectedText());
+  Quietly([this] { CopySelection(); });
 }
 
 void EditCommands::CutText() {
-  CopyText();
-  ReplaceSelection(u"");
+  Quietly([this] {
+    CopySelection();
+    ReplaceSelection(u"");
+  });
 }
 
 void EditCommands::PasteText() {
-  ReplaceSelection(windows_.Clipboard().GetText());
-  if (CheckSetLock) CheckSetLock();
+  Quietly([this] {
+    ReplaceSelection(windows_.Clipboard().GetText());
+    if (CheckSetLock) CheckSetLock();
+  });
+}
+
+void EditCommands::CopySelection() {
+  const String selected = SelectedText();
+  windows_.Clipboard().Clear();
+  windows_.Clipboard().SetText(selected);
 }
 
 void EditCommands::BeforeKeyPaste() {
@@ -97,7 +117,7 @@ void EditCommands::BeforeKeyPaste() {
     clipboard.Clear();
     return;
   }
-  clipboardKeep_ = clipboard.GetText();
-  clipboard.SetText(clipboardKeep_);
+  clipboardKeep_ = clipboard.GetRawText();
+  clipboard.SetRawText(clipboardKeep_);
   timer1_->SetEnabled(true);
 }

@@ -38,6 +38,7 @@ class EditCommands {
   TextBox* ActiveTextBox() const;
   String SelectedText() const;
   void ReplaceSelection(StringView text);
+  void CopySelection();
 
   WindowSystem& windows_;
   RichTextBox& editor_;

@@ -33,22 +33,65 @@ bool StartsWithWord(StringView text) {
   return IsWordCharacter(text[0]);
 }
 
-// Upper and then lower: letters with two lower forms, such as sigma, come out the same.
+// Upper and then lower: letters with two lower forms, such as sigma, come out the same. Each
+// character stays in its place.
 String Fold(StringView text) { return LCase(UCase(text)); }
+
+// Finds one text in another; in any case, it folds the other piece by piece as the search gets
+// there.
+class Searcher {
+ public:
+  Searcher(StringView text, StringView what, bool matchCase)
+      : text_(text), what_(matchCase ? String(what) : Fold(what)), matchCase_(matchCase) {}
+
+  std::optional<std::size_t> Next(std::size_t from) {
+    if (matchCase_) {
+      const std::size_t place = InStr(text_, what_, from + 1);
+      return place == 0 ? std::nullopt : std::optional(place - 1);
+    }
+    while (from < text_.size()) {
+      if (from < pieceStart_ || from + what_.size() > pieceStart_ + piece_.size()) FoldFrom(from);
+      if (const std::size_t place = InStr(piece_, what_, from - pieceStart_ + 1))
+        return pieceStart_ + place - 1;
+      if (pieceStart_ + piece_.size() >= text_.size()) break;
+      // A hit may begin in this piece and end in the next.
+      from = pieceStart_ + piece_.size() - what_.size() + 1;
+    }
+    return std::nullopt;
+  }
+
+ private:
+  static constexpr std::size_t kPiece = 1 << 16;
+
+  void FoldFrom(std::size_t from) {
+    const auto partsPair = [this](std::size_t place) {
+      return place > 0 && place < text_.size() && IsHighSurrogate(text_[place - 1]) &&
+             IsLowSurrogate(text_[place]);
+    };
+    pieceStart_ = partsPair(from) ? from - 1 : from;
+    std::size_t end = std::min(text_.size(), pieceStart_ + kPiece + 2 * what_.size());
+    if (partsPair(end)) ++end;
+    piece_ = Fold(text_.substr(pieceStart_, end - pieceStart_));
+  }
+
+  StringView text_;
+  String what_;
+  bool matchCase_;
+  std::size_t pieceStart_ = 0;
+  String piece_;
+};
 
 }  // namespace
 
 std::optional<std::size_t> FindText(StringView text, StringView what, std::size_t start,
                                     int options) {
   if (what.empty()) return std::nullopt;
-  if ((options & kMatchCase) == 0)
-    return FindText(Fold(text), Fold(what), start, options | kMatchCase);
-  while (const std::size_t place = InStr(text, what, start + 1)) {
-    const std::size_t hit = place - 1;
+  Searcher searcher(text, what, (options & kMatchCase) != 0);
+  while (const auto hit = searcher.Next(start)) {
     const bool whole =
-        !EndsWithWord(text.substr(0, hit)) && !StartsWithWord(text.substr(hit + what.size()));
+        !EndsWithWord(text.substr(0, *hit)) && !StartsWithWord(text.substr(*hit + what.size()));
     if ((options & kWholeWord) == 0 || whole) return hit;
-    start = hit + 1;
+    start = *hit + 1;
   }
   return std::nullopt;
 }

@@ -84,6 +84,8 @@ class RichTextBox : public Control {
   // A key or a mouse button goes down in the control, before it has any effect.
   std::function<void(KeyEvent&)> OnKeyDown;
   std::function<void()> OnMouseDown;
+  // The user has pasted or dropped text.
+  std::function<void()> OnPaste;
 
  protected:
   using SharedString = std::shared_ptr<const String>;

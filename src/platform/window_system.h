@@ -29,6 +29,9 @@ class Clipboard {
   virtual String GetText() const = 0;
   // The text stays there after this program has ended.
   virtual void SetText(StringView text) = 0;
+  // The text as it stands there, line ends and all.
+  virtual String GetRawText() const = 0;
+  virtual void SetRawText(StringView text) = 0;
   virtual void Clear() = 0;
 };
 

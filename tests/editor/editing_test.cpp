@@ -191,4 +191,27 @@ TEST(FindText, Options) {
   }
 }
 
+// In any case the text is folded in pieces; hits lie in them and across their borders.
+TEST(FindText, HitsInALongTextInAnyCase) {
+  String text(300'000, u'x');
+  const std::size_t places[] = {0, 65'530, 65'536, 131'070, 196'700, 299'993};
+  for (const std::size_t place : places) text.replace(place, 4, u"N\xD801\xDC28L");
+  std::vector<std::size_t> hits;
+  std::size_t start = 0;
+  while (const auto hit = FindText(text, u"n\xD801\xDC00l", start, 0)) {
+    hits.push_back(*hit);
+    start = *hit + 1;
+  }
+  EXPECT_EQ(hits, std::vector<std::size_t>(std::begin(places), std::end(places)));
+}
+
+TEST_F(EditingTest, CommandThatFailsLeavesTheKeysAlive) {
+  App().Menu.FindMenu.OnClick = [] { throw std::bad_alloc(); };
+  KeyEvent key;
+  key.Key = 'F';
+  key.Control = true;
+  EXPECT_THROW(App().KeyDown(key), std::bad_alloc);
+  EXPECT_FALSE(App().Fields.ToolBusy);
+}
+
 }  // namespace

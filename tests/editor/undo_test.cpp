@@ -85,6 +85,7 @@ TEST_F(UndoTest, KindsAndCaptions) {
   for (const int outside : {-1, 0, 5}) EXPECT_EQ(Undo().UndoKind(outside), clsUndo::kOutOfRange);
   App().Menu.UndoEditMenu.Click();
   EXPECT_EQ(Box().Text(), u"rd");
+  EXPECT_EQ(App().Menu.UndoEditMenu.Caption.Get(), u"&Undo Edit");
   EXPECT_EQ(App().Menu.RedoEditMenu.Caption.Get(), u"&Redo Tool");
   EXPECT_TRUE(App().Menu.RedoEditMenu.Enabled);
   Type(u"!");
@@ -188,6 +189,7 @@ TEST_F(UndoTest, BrokenEngineIsToldAndItsEntriesGo) {
   Pause();
   App().Fields.UndoBroken = true;
   App().Menu.UndoEditMenu.Click();
+  EXPECT_EQ(Box().Text(), u"one");
   ASSERT_EQ(Windows.Notices.size(), 1u);
   EXPECT_TRUE(Windows.Notices[0].starts_with(u"An serious system error occurred"));
   EXPECT_FALSE(App().Menu.UndoEditMenu.Visible);
@@ -199,6 +201,48 @@ TEST_F(UndoTest, BrokenEngineIsToldAndItsEntriesGo) {
   EXPECT_EQ(Box().Text(), u"WORD");
   App().Command7.Click();
   EXPECT_EQ(Box().Text(), u"word");
+}
+
+TEST_F(UndoTest, BrokenEngineIsToldByTheKeyAsWell) {
+  Type(u"one");
+  Pause();
+  App().Fields.UndoBroken = true;
+  Press('Z', true);
+  EXPECT_EQ(Windows.Notices.size(), 1u);
+  EXPECT_FALSE(App().Menu.UndoEditMenu.Visible);
+  Press('Z', true);
+  EXPECT_EQ(Windows.Notices.size(), 1u);
+  EXPECT_EQ(Box().Text(), u"one");
+}
+
+TEST_F(UndoTest, ScrollPositionOfBeforeAToolComesBack) {
+  Box().SetText(u"one\r\ntwo");
+  Undo().Reset();
+  Box().SetFirstVisibleLine(7);
+  App().UndoStop();
+  Box().SetText(u"ONE\r\nTWO");
+  Box().SetFirstVisibleLine(0);
+  App().UndoStart();
+  Undo().Undo(1);
+  EXPECT_EQ(Box().FirstVisibleLine(), 7u);
+}
+
+TEST(ClsUndo, WatchesATextBox) {
+  ScriptedWindowSystem windows;
+  SharedFields fields;
+  TextBox box;
+  clsUndo undo(windows, fields);
+  box.OnChange = [&] { undo.ControlChanged(); };
+  ASSERT_TRUE(undo.AttachTextBox(box, 1000));
+  box.SetSelText(u"one");
+  windows.Advance(1000);
+  box.SetSelText(u"two");
+  EXPECT_TRUE(undo.Undo(1));
+  EXPECT_EQ(box.Text.Get(), u"one");
+  EXPECT_TRUE(undo.Undo(1));
+  EXPECT_EQ(box.Text.Get(), u"");
+  EXPECT_TRUE(undo.Redo(2));
+  EXPECT_EQ(box.Text.Get(), u"onetwo");
 }
 
 TEST(CommonLengths, Cases) {

@@ -49,6 +49,8 @@ class ScriptedWindowSystem : public WindowSystem {
     bool HasText() const override { return !Content.empty(); }
     String GetText() const override { return Content; }
     void SetText(StringView text) override { Content = text; }
+    String GetRawText() const override { return Content; }
+    void SetRawText(StringView text) override { Content = text; }
     void Clear() override { Content.clear(); }
     String Content;
   };

@@ -17,4 +17,13 @@ void QtClipboard::SetText(StringView text) {
   QGuiApplication::clipboard()->setText(ToClipboard(text));
 }
 
+String QtClipboard::GetRawText() const {
+  return QGuiApplication::clipboard()->text().toStdU16String();
+}
+
+void QtClipboard::SetRawText(StringView text) {
+  QGuiApplication::clipboard()->setText(
+      QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));
+}
+
 void QtClipboard::Clear() { QGuiApplication::clipboard()->clear(); }

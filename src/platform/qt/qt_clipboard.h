@@ -7,5 +7,7 @@ class QtClipboard : public Clipboard {
   bool HasText() const override;
   String GetText() const override;
   void SetText(StringView text) override;
+  String GetRawText() const override;
+  void SetRawText(StringView text) override;
   void Clear() override;
 };

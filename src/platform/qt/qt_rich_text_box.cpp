@@ -24,6 +24,9 @@ QtRichTextBox::QtRichTextBox()
   edit_->OnKey = [this](KeyEvent& key) {
     if (OnKeyDown) OnKeyDown(key);
   };
+  edit_->OnPasted = [this] {
+    if (OnPaste) OnPaste();
+  };
   edit_->OnMouse = [this] {
     if (OnMouseDown) OnMouseDown();
   };

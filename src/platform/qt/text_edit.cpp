@@ -254,5 +254,7 @@ QMimeData* TextEdit::createMimeDataFromSelection() const {
 bool TextEdit::canInsertFromMimeData(const QMimeData* source) const { return HoldsText(*source); }
 
 void TextEdit::insertFromMimeData(const QMimeData* source) {
-  if (source && HoldsText(*source)) InsertByUser(FromClipboard(source->text()));
+  if (!source || !HoldsText(*source)) return;
+  InsertByUser(FromClipboard(source->text()));
+  if (OnPasted) OnPasted();
 }

@@ -50,6 +50,7 @@ class TextEdit : public QPlainTextEdit {
   std::function<void()> OnEdit;
   std::function<void(KeyEvent&)> OnKey;
   std::function<void()> OnMouse;
+  std::function<void()> OnPasted;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
