@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "editor/question1.h"
-#include "platform/window_system.h"
+#include "platform/console/private_clipboard.h"
 
 class ScriptedWindowSystem : public WindowSystem {
  public:
@@ -45,16 +45,7 @@ class ScriptedWindowSystem : public WindowSystem {
 
  private:
   class ScriptedTimer;
-  struct ScriptedClipboard : ::Clipboard {
-    bool HasText() const override { return !Content.empty(); }
-    String GetText() const override { return Content; }
-    void SetText(StringView text) override { Content = text; }
-    String GetRawText() const override { return Content; }
-    void SetRawText(StringView text) override { Content = text; }
-    void Clear() override { Content.clear(); }
-    String Content;
-  };
 
   std::set<ScriptedTimer*> timers_;
-  ScriptedClipboard clipboard_;
+  PrivateClipboard clipboard_;
 };

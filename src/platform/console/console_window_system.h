@@ -1,7 +1,7 @@
 #pragma once
 // A window system without a display: every window is answered as nobody could.
 
-#include "platform/window_system.h"
+#include "platform/console/private_clipboard.h"
 
 class ConsoleWindowSystem : public WindowSystem {
  public:
@@ -23,16 +23,6 @@ class ConsoleWindowSystem : public WindowSystem {
   ::Clipboard& Clipboard() override;
 
  private:
-  struct PrivateClipboard : ::Clipboard {
-    bool HasText() const override { return !Content.empty(); }
-    String GetText() const override { return Content; }
-    void SetText(StringView text) override { Content = text; }
-    String GetRawText() const override { return Content; }
-    void SetRawText(StringView text) override { Content = text; }
-    void Clear() override { Content.clear(); }
-    String Content;
-  };
-
   int status_ = 0;
   PrivateClipboard clipboard_;
 };

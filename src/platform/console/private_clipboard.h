@@ -1,0 +1,17 @@
+#pragma once
+// A clipboard that this process shares with nobody.
+
+#include "platform/window_system.h"
+
+class PrivateClipboard : public Clipboard {
+ public:
+  bool HasText() const override { return !text_.empty(); }
+  String GetText() const override { return text_; }
+  void SetText(StringView text) override { text_ = text; }
+  String GetRawText() const override { return text_; }
+  void SetRawText(StringView text) override { text_ = text; }
+  void Clear() override { text_.clear(); }
+
+ private:
+  String text_;
+};
