@@ -1,4 +1,6 @@
+#include <QClipboard>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMimeData>
@@ -8,6 +10,7 @@
 #include <QToolButton>
 
 #include "form_fixture.h"
+#include "platform/qt/qt_rich_text_box.h"
 
 namespace {
 
@@ -111,6 +114,42 @@ TEST_F(Bars, TheFormSeesEachKeyFirstAndMaySwallowIt) {
   form.FindText.SetFocus();
   windows.DoEvents();
   EXPECT_EQ(form.ActiveControl.Get(), &form.FindText);
+}
+
+TEST_F(Bars, AHiddenPanelLeavesItsRoomToTheText) {
+  Window()->resize(700, 500);
+  auto* editor = dynamic_cast<QtRichTextBox&>(*form.Editor).Widget();
+  const auto show = [&](bool visible) {
+    form.FindWhat.Visible = visible;
+    form.FindText.Visible = visible;
+    windows.DoEvents();
+    return editor->height();
+  };
+  const int with = show(true);
+  const int without = show(false);
+  EXPECT_LT(with, without);
+  EXPECT_EQ(without, Window()->centralWidget()->height());
+  EXPECT_EQ(show(true), with);
+}
+
+TEST_F(Bars, AMenuLeavesTheSelectionOfATextBox) {
+  Window()->activateWindow();
+  form.FindText.Text = u"needle";
+  form.FindText.SetFocus();
+  windows.DoEvents();
+  form.FindText.SelectAll();
+  auto* line = Find<QLineEdit>(form);
+  QFocusEvent out(QEvent::FocusOut, Qt::MenuBarFocusReason);
+  QApplication::sendEvent(line, &out);
+  EXPECT_EQ(line->selectedText(), "needle");
+  EXPECT_EQ(form.FindText.SelText(), u"needle");
+}
+
+TEST_F(Bars, TextPastedIntoALineKeepsItsLines) {
+  QGuiApplication::clipboard()->setText("multi\nline");
+  auto* line = Find<QLineEdit>(form);
+  QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(form.FindText.Text.Get(), u"multi\r\nline");
 }
 
 TEST_F(Bars, ToolButtonsShowIconsAndTellTheirNames) {

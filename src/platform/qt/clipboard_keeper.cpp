@@ -91,6 +91,8 @@ int KeepClipboard(int& argc, char** argv) {
   QFile input;
   if (!input.open(stdin, QIODevice::ReadOnly)) return 1;
   const QString text = QString::fromUtf8(input.readAll());
+  // Whatever volume the program was started on must not stay in use.
+  if (chdir("/") != 0) return 1;
   const QApplication application(argc, argv);
   QClipboard* clipboard = QGuiApplication::clipboard();
   clipboard->setText(text);

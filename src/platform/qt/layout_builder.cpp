@@ -70,12 +70,11 @@ class Builder {
   // The content of a main window reaches its edges; rows beside the text keep a distance.
   void BuildMain(const Layout& content) {
     Piece root = Build(content);
+    FramePanels(*AsBox(root));
     auto* central = new QWidget;
-    central->setLayout(AsBox(root));
+    central->setLayout(root.Box);
     root.Box->setContentsMargins({});
     root.Box->setSpacing(0);
-    for (int i = 0; i < root.Box->count(); ++i)
-      if (QLayout* panel = root.Box->itemAt(i)->layout()) panel->setContentsMargins(kPanelMargins);
     main_->setCentralWidget(central);
   }
 
@@ -88,6 +87,23 @@ class Builder {
   std::vector<PlacedControl> Placed;
 
  private:
+  // A row gets a frame of its own, so that its margins go with its controls when they are hidden.
+  static void FramePanels(QLayout& root) {
+    auto* box = qobject_cast<QBoxLayout*>(&root);
+    for (int i = 0; box && i < box->count(); ++i) {
+      QLayout* panel = box->itemAt(i)->layout();
+      if (!panel) continue;
+      const int stretch = box->stretch(i);
+      box->takeAt(i);
+      panel->setParent(nullptr);
+      panel->setContentsMargins(kPanelMargins);
+      auto* frame = new QWidget;
+      MarkAsGroup(*frame);
+      frame->setLayout(panel);
+      box->insertWidget(i, frame, stretch);
+    }
+  }
+
   Piece Item(Control& control) {
     QWidget* const widget = MakeControlView(control, bindings_);
     if (main_ && PutAtEdge(widget)) return {};

@@ -1,10 +1,15 @@
 // Text boxes of one line and of many.
 
+#include <QClipboard>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <limits>
 
+#include "platform/qt/clipboard_text.h"
 #include "platform/qt/control_views.h"
 #include "platform/qt/strings.h"
 
@@ -68,8 +73,31 @@ void BindClick(TextBox& box, Bindings& bindings, QWidget* clicked) {
   bindings.AtEnd([filter] { filter->End(); });
 }
 
+class LineEdit : public QLineEdit {
+ public:
+  LineEdit() { setMinimumWidth(kNarrowest * fontMetrics().averageCharWidth()); }
+
+ protected:
+  // Qt would end the selection when a menu opens by its key, and Cut had nothing to cut.
+  void focusOutEvent(QFocusEvent* event) override {
+    if (event->reason() != Qt::MenuBarFocusReason) return QLineEdit::focusOutEvent(event);
+    QFocusEvent kept(event->type(), Qt::PopupFocusReason);
+    QLineEdit::focusOutEvent(&kept);
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    // Line ends as the program has them, so that a search over lines finds what was pasted.
+    if (event->matches(QKeySequence::Paste) && !isReadOnly())
+      insert(ToQt(FromClipboard(QGuiApplication::clipboard()->text())));
+    else
+      QLineEdit::keyPressEvent(event);
+  }
+
+ private:
+  static constexpr int kNarrowest = 14;  // characters
+};
+
 QWidget* MakeLine(TextBox& box, Bindings& bindings) {
-  auto* view = new QLineEdit;
+  auto* view = new LineEdit;
   view->setMaxLength(std::numeric_limits<int>::max());
   bindings.Follow(box.Text, [&box, view] {
     if (FromQt(view->text()) == box.Text.Get()) return;
