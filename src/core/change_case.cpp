@@ -41,6 +41,7 @@ ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const Str
       RichTextBox2(*richTextBox2_),
       CommonDialog1(*commonDialog1_),
       Messages(windows),
+      Tools(windows, Messages),
       Document(Fields, RichTextBox1, CommonDialog1, Messages, Caption, *this),
       Status(Fields, RichTextBox1, Document),
       Edit(windows, RichTextBox1, ActiveControl, Messages),
@@ -244,7 +245,7 @@ void ChangeCase::RunTool(const Tool& tool) {
   ToolContext context = Context();
   UndoStop();
   try {
-    tool.Run(context);
+    (tool.Click ? tool.Click : tool.Run)(context);
   } catch (...) {
     UndoStart();
     throw;
@@ -370,4 +371,4 @@ void ChangeCase::Exit() {
   Windows().Quit(0);
 }
 
-ToolContext ChangeCase::Context() { return {Fields, RichTextBox1, Messages, Windows()}; }
+ToolContext ChangeCase::Context() { return {Fields, RichTextBox1, Messages, Windows(), Tools}; }

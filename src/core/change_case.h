@@ -47,6 +47,7 @@ class ChangeCase : public Form, private DocumentHost {
   ::RichTextBox& RichTextBox2;
   CommonDialog& CommonDialog1;
   ::Messages Messages;
+  ToolState Tools;
   ::Document Document;
   MainMenu Menu;
   ToolBar Picture1;

@@ -34,6 +34,7 @@ struct SharedFields {
   bool ToolRan = false;    // a tool has run on the editor's text
   bool ToolBusy = false;
   bool WorkingShown = false;
+  bool CustomToolRunning = false;  // a chain of tools runs: no report of a single one
   bool ToolUndoPending = false;
   bool UndoBroken = false;
   bool ToolOnSelection = false;

@@ -50,7 +50,8 @@ int RunToolOnFiles(const String& toolName, std::span<const String> files) {
   fields.BatchMode = true;
   Messages messages(windows);
   const auto editor = windows.CreateRichTextBox();
-  ToolContext context{fields, *editor, messages, windows};
+  ToolState tools(windows, messages);
+  ToolContext context{fields, *editor, messages, windows, tools};
   int status = 0;
   for (const String& file : files) {
     try {

@@ -1,6 +1,7 @@
 #include "tools/catalogue.h"
 
 #include "tools/capitalization.h"
+#include "tools/carriage_returns.h"
 
 namespace {
 
@@ -8,8 +9,9 @@ using enum ToolGroup;
 
 constexpr Tool kTools[] = {
     {CarriageReturns, u"Remove Trailing Carriage &Returns", u"Remove Trailing Carriage Returns",
-     nullptr},
-    {CarriageReturns, u"Add Trailing Carriage Returns", u"Add Trailing Carriage Returns", nullptr},
+     RemoveCarriage},
+    {CarriageReturns, u"Add Trailing Carriage Returns", u"Add Trailing Carriage Returns",
+     AddCarriage2, LoadCarriageForm},
     {Capitalization, u"All &Lower Case", u"All Lower Case", LowerCaseText},
     {Capitalization, u"All &Upper Case", u"All Upper Case", UpperCaseText},
     {Capitalization, u"&Capitalize 1st Letter on Every Line",

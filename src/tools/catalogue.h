@@ -21,8 +21,12 @@ struct Tool {
   StringView Caption;
   // In custom tools and batch settings; compared as it stands.
   StringView StoredName;
-  // Runs the tool on what BatchMode selects; null while the tool is not there yet.
+  // Runs the tool with the settings that its window holds, on what BatchMode selects; null while
+  // the tool is not there yet.
   void (*Run)(ToolContext&);
+  // What the menu entry does on the editor where that is more than Run: asks for settings first, or
+  // keeps those of an inner tool.
+  void (*Click)(ToolContext&) = nullptr;
 };
 
 // An empty step of a custom tool or of the batch.

@@ -20,6 +20,8 @@ ToolSelection::~ToolSelection() {
   if (!narrowed_) return;
   try {
     narrowed_->SetText(wholeText_);
+    narrowed_->SetSelStart(selStart_);
+    narrowed_->SetSelLength(selLength_);
   } catch (const std::exception&) {
     // Undo still has the text.
   }
@@ -31,8 +33,9 @@ void ToolSelection::SelectedTextBeforeTool(ToolContext& context, bool& keepLineE
   wholeText_ = editor.Text();
   fields.ToolOnSelection = editor.SelLength() > 0;
   if (!fields.ToolOnSelection) return;
-  fields.ToolSelStart = editor.SelStart();
-  fields.ToolSelEnd = fields.ToolSelStart + editor.SelLength();
+  fields.ToolSelStart = selStart_ = editor.SelStart();
+  selLength_ = editor.SelLength();
+  fields.ToolSelEnd = selStart_ + selLength_;
   const String selected = editor.SelText();
   narrowed_ = &editor;
   editor.SetText(selected);

@@ -4,7 +4,7 @@
 
 #include "tools/tool_context.h"
 
-// Where the tool fails, the whole text comes back when the object goes.
+// Where the tool fails, the whole text and its selection come back when the object goes.
 class ToolSelection {
  public:
   ToolSelection() = default;
@@ -26,4 +26,6 @@ class ToolSelection {
   String wholeText_;
   // While the editor holds the selection alone.
   RichTextBox* narrowed_ = nullptr;
+  std::size_t selStart_ = 0;
+  std::size_t selLength_ = 0;
 };

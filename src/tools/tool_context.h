@@ -5,10 +5,12 @@
 #include "editor/messages.h"
 #include "platform/rich_text_box.h"
 #include "platform/window_system.h"
+#include "tools/tool_state.h"
 
 struct ToolContext {
   SharedFields& Fields;
   ::RichTextBox& RichTextBox1;
   ::Messages& Messages;
   WindowSystem& Windows;
+  ToolState& Tools;
 };

@@ -1,21 +1,15 @@
 #include "tools/tool_frame.h"
 
+#include "editor/working_run.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
+#include "tools/file_lines.h"
 #include "tools/selection.h"
+#include "tools/text_lines.h"
 
 namespace {
 
-// The plain undo's copy. Where it can't be written it must not hold an older text either.
-void KeepForUndo(const SharedFields& fields, StringView text) {
-  try {
-    WriteWorkFile(fields.TempFile1, text);
-  } catch (const std::exception&) {
-    DeleteFileQuietly(fields.TempFile1);
-  }
-}
-
-void RunOnEditor(ToolContext& context, TextTransform transform) {
+void TransformEditor(ToolContext& context, TextTransform transform) {
   RichTextBox& editor = context.RichTextBox1;
   if (IsBlank(*editor.SharedText())) return;
   context.Fields.ToolRan = true;
@@ -30,23 +24,71 @@ void RunOnEditor(ToolContext& context, TextTransform transform) {
   selection.SelectedTextAfterTool(context);
 }
 
-void RunOnFile(SharedFields& fields, TextTransform transform) {
-  TextReader& input = *fields.InputFileNum;
-  fields.OutputFileNum = std::make_unique<TextWriter>(fields.TempFile1, input.Format());
-  String result;
-  while (!input.AtEnd()) {
-    transform(input.ReadLine(), result);
-    fields.OutputFileNum->Print(result);
+bool RunOnEditor(ToolContext& context, const LineWork& work, ToolScope scope) {
+  RichTextBox& editor = context.RichTextBox1;
+  if (IsBlank(*editor.SharedText())) return true;
+  const WorkingRun working(context.Fields, context.Messages, context.Windows, editor.TextLength());
+  context.Fields.ToolRan = true;
+  KeepForUndo(context.Fields, *editor.SharedText());
+  try {
+    ToolSelection selection;
+    bool keepLineEnd = false;
+    if (scope == ToolScope::Selection) selection.SelectedTextBeforeTool(context, keepLineEnd);
+    TextSink out;
+    {
+      const auto text = editor.SharedText();
+      TextSource in(*text);
+      work(in, out);
+    }
+    editor.SetText(out.Text);
+    if (scope == ToolScope::Selection) selection.SelectedTextAfterTool(context);
+  } catch (const RuntimeError& error) {
+    context.Messages.Notice(FromUtf8(error.what()));
+    return false;
   }
+  return true;
+}
+
+void RunOnFile(SharedFields& fields, const LineWork& work) {
+  FileSource in(*fields.InputFileNum);
+  fields.OutputFileNum =
+      std::make_unique<TextWriter>(fields.TempFile1, fields.InputFileNum->Format());
+  FileSink out(*fields.OutputFileNum);
+  work(in, out);
   fields.OutputFileNum->Close();
   fields.OutputFileNum.reset();
 }
 
 }  // namespace
 
+void KeepForUndo(const SharedFields& fields, StringView text) {
+  try {
+    WriteWorkFile(fields.TempFile1, text);
+  } catch (const std::exception&) {
+    DeleteFileQuietly(fields.TempFile1);
+  }
+}
+
 void RunCharacterTool(ToolContext& context, TextTransform transform) {
-  if (context.Fields.BatchMode)
-    RunOnFile(context.Fields, transform);
-  else
-    RunOnEditor(context, transform);
+  if (!context.Fields.BatchMode) return TransformEditor(context, transform);
+  RunOnFile(context.Fields, [transform, result = String()](LineSource& in, LineSink& out) mutable {
+    while (!in.AtEnd()) {
+      transform(in.ReadLine(), result);
+      out.Print(result);
+    }
+  });
+}
+
+bool RunLineTool(ToolContext& context, const LineWork& work, ToolScope scope) {
+  if (!context.Fields.BatchMode) return RunOnEditor(context, work, scope);
+  RunOnFile(context.Fields, work);
+  return true;
+}
+
+bool RunTableTool(ToolContext& context, const std::function<void(Lines&)>& change) {
+  return RunLineTool(context, [&change](LineSource& in, LineSink& out) {
+    Lines lines(in);
+    change(lines);
+    lines.PrintTo(out);
+  });
 }

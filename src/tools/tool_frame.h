@@ -1,13 +1,38 @@
 #pragma once
-// What all tools share: the road of a tool over the editor's text, and over a file line by line.
+// What all tools share: the road of a tool over the editor's text or a selection of it, and over a
+// file. A tool itself is a function of lines that knows neither.
+//
+// Editor (BatchMode is not set): a blank text is left alone; the text from before stands in
+// TempFile1 afterwards; a text of more than 45000 characters shows the Working window meanwhile. A
+// tool that fails with a RuntimeError leaves the text as it was, and its message is shown.
+// File (BatchMode is set): lines come from InputFileNum, from where it stands, and go to TempFile1.
+// InputFileNum stays open. RuntimeError.
 
+#include <functional>
+
+#include "tools/lines.h"
 #include "tools/tool_context.h"
 
 // Makes one text of another: `result` is emptied by nobody else and may hold anything before.
 using TextTransform = void (*)(StringView text, String& result);
 
-// Runs a tool that changes characters only, on the editor or on the file that BatchMode selects.
-// On the editor a blank text is left alone and line ends stay as they are; the text from before
-// stands in TempFile1 afterwards. On a file each line goes from InputFileNum to TempFile1 with a
-// line end. RuntimeError on the file path.
+// Runs a tool that changes characters only: on the editor line ends stay as they are, and there is
+// no Working window; on a file each line gets a line end.
 void RunCharacterTool(ToolContext& context, TextTransform transform);
+
+// What a tool does with the lines of a text, from the first to the last.
+using LineWork = std::function<void(LineSource& in, LineSink& out)>;
+
+// What the tool sees on the editor as its text.
+enum class ToolScope { Selection, WholeText };
+
+// Runs a tool that reads lines and prints lines. False when it failed on the editor.
+bool RunLineTool(ToolContext& context, const LineWork& work,
+                 ToolScope scope = ToolScope::Selection);
+
+// Runs a tool that changes the table of all lines.
+bool RunTableTool(ToolContext& context, const std::function<void(Lines&)>& change);
+
+// Keeps a copy of the editor's text in TempFile1 for the plain undo. Where it can't be written, no
+// older text stands there either.
+void KeepForUndo(const SharedFields& fields, StringView text);

@@ -90,7 +90,7 @@ TEST_F(ToolFrameTest, LineEndThatAToolAddsIsCutFromASelection) {
     box.SetText(u"<" + String(c.Selected) + u">");
     box.SetSelStart(1);
     box.SetSelLength(c.Selected.size());
-    ToolContext context{App().Fields, box, App().Messages, Windows};
+    ToolContext context{App().Fields, box, App().Messages, Windows, App().Tools};
     ToolSelection selection;
     bool keepLineEnd = false;
     selection.SelectedTextBeforeTool(context, keepLineEnd);
@@ -107,7 +107,7 @@ TEST_F(ToolFrameTest, ToolThatFailsOnASelectionLeavesTheWholeText) {
   box.SetText(u"one two three");
   box.SetSelStart(4);
   box.SetSelLength(3);
-  ToolContext context{App().Fields, box, App().Messages, Windows};
+  ToolContext context{App().Fields, box, App().Messages, Windows, App().Tools};
   EXPECT_THROW(RunCharacterTool(context, [](StringView, String&) { throw std::bad_alloc(); }),
                std::bad_alloc);
   EXPECT_EQ(box.Text(), u"one two three");
@@ -144,7 +144,7 @@ TEST_F(ToolFrameTest, FilePathReadsLinesAndEndsTheLast) {
     SharedFields& fields = App().Fields;
     fields.BatchMode = true;
     fields.InputFileNum = std::make_unique<TextReader>(Files.Put(u"in", c.Input));
-    ToolContext context{fields, App().RichTextBox1, App().Messages, Windows};
+    ToolContext context{fields, App().RichTextBox1, App().Messages, Windows, App().Tools};
     FindTool(u"All Upper Case")->Run(context);
     EXPECT_EQ(BytesOf(fields.TempFile1), c.Output);
     EXPECT_TRUE(fields.InputFileNum->AtEnd());

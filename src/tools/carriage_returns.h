@@ -1,0 +1,12 @@
+#pragma once
+// The tools of the Carriage Returns menu.
+
+#include "tools/tool_context.h"
+
+// Joins the lines of each paragraph into one.
+void RemoveCarriage(ToolContext& context);
+
+// Breaks long lines as AddCarriageForm is set.
+void AddCarriage2(ToolContext& context);
+// Asks for the settings first.
+void LoadCarriageForm(ToolContext& context);
