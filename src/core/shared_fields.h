@@ -41,6 +41,7 @@ struct SharedFields {
   bool SelectionCrLfFlag = false;
   std::size_t ToolSelStart = 0;
   std::size_t ToolSelEnd = 0;
+  bool CheckingRunProgram = false;  // a failure is one of the program that a step names
   String BatchCurrentFile;
   std::unique_ptr<TextReader> InputFileNum;
   std::unique_ptr<TextWriter> OutputFileNum;

@@ -24,6 +24,7 @@ class ByteLines {
   // Of the first `bytes` bytes behind the mark; what stands behind them does not count.
   ByteLines(InputFile file, const TextFormat& format, std::uint64_t bytes);
 
+  const String& Path() const { return file_.Path(); }
   bool AtEnd() const { return begin_ == end_ && unread_ == 0; }
   // A line, however long.
   Piece NextLine() { return Next(true); }

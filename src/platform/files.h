@@ -14,6 +14,8 @@ bool FolderExists(const String& path);
 // Opens a regular file for reading and closes it again. RuntimeError when it can't be read.
 void TestReadable(const String& path);
 
+// This program may run the file.
+bool IsExecutable(const String& path);
 // No write permission bit is set. Setting it takes all of them; clearing it gives the owner's back.
 bool IsReadOnly(const String& path);
 void SetReadOnly(const String& path, bool readOnly);

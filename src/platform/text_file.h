@@ -55,6 +55,7 @@ class TextReader {
   TextReader& operator=(TextReader&&) noexcept;
   ~TextReader();
 
+  const String& Path() const;
   // Without BareCrs.
   const TextFormat& Format() const;
   bool AtEnd() const;

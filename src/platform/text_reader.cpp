@@ -20,6 +20,8 @@ TextReader::TextReader(TextReader&&) noexcept = default;
 TextReader& TextReader::operator=(TextReader&&) noexcept = default;
 TextReader::~TextReader() = default;
 
+const String& TextReader::Path() const { return state_->Lines.Path(); }
+
 const TextFormat& TextReader::Format() const { return state_->Shape.Format; }
 
 bool TextReader::AtEnd() const { return state_->Lines.AtEnd(); }

@@ -50,6 +50,8 @@ class WindowSystem {
   virtual void DoEvents() = 0;
   // Lets events run for this long.
   virtual void Wait(int milliseconds) = 0;
+  // A clock that only goes forward, in milliseconds.
+  virtual long long Milliseconds() const = 0;
   // Runs events until Quit; returns the exit status given to it.
   virtual int Run() = 0;
   virtual void Quit(int status) = 0;

@@ -1,5 +1,7 @@
 #include "tools/break_lines.h"
 
+#include "tools/broken_line.h"
+
 void BreakExactly(String& line, std::size_t position) {
   if (position < 2 || line.size() < position) return;
   String result;
@@ -16,30 +18,41 @@ void BreakExactly(String& line, std::size_t position) {
   line = std::move(result);
 }
 
+namespace {
+
+// The places among which a break is chosen: the nearest spaces on both sides of the place where the
+// line is full (0: none), and its end.
+struct Candidates {
+  std::size_t Full;
+  std::size_t Back;
+  std::size_t Forward;
+  std::size_t End;
+};
+
+std::size_t Choose(const Candidates& at) {
+  const bool spaceAhead = at.Forward != 0;
+  if (at.Back == 0) return spaceAhead && at.Forward < at.End ? at.Forward : at.End;
+  const std::size_t backDistance = at.Full - at.Back;
+  if (!spaceAhead) return at.Full + backDistance < at.End ? at.Back : at.End;
+  return backDistance < at.Forward - at.Full ? at.Back : at.Forward;
+}
+
+}  // namespace
+
 void BreakAtWords(String& line, std::size_t position) {
-  const std::size_t wholeLength = line.size();
   if (position < 2 || Trim(line).size() < position) return;
-  std::size_t p = position;
-  while (line.size() >= p) {
-    const auto found = [](std::size_t place) { return place == String::npos ? 0 : place + 1; };
-    const std::size_t back = found(line.rfind(u' ', p - 1));
-    const std::size_t forward = found(line.find(u' ', p - 1));
-    const long long backDistance = back == 0 ? -1 : static_cast<long long>(p - back);
-    const long long forwardDistance = forward == 0 ? -1 : static_cast<long long>(forward - p);
-    const long long endDistance = static_cast<long long>(wholeLength) - static_cast<long long>(p);
-    std::size_t place = forward;
-    if (back == 0)
-      place = forward == 0 || forward >= wholeLength ? wholeLength : forward;
-    else if (forward == 0)
-      place = backDistance < endDistance ? back : wholeLength;
-    else if (backDistance < forwardDistance)
-      place = back;
-    if (place == wholeLength) {
-      p += position + 2;
+  // The end competes from where it stood before the first break.
+  const std::size_t end = line.size();
+  BrokenLine broken(line);
+  for (std::size_t full = position; full <= broken.Length();) {
+    const std::size_t place =
+        Choose({full, broken.SpaceAtOrBefore(full), broken.SpaceAtOrAfter(full), end});
+    if (place == end) {
+      full += position + 2;
       continue;
     }
-    p = place + position + 1;
-    if (IsBlank(StringView(line).substr(place))) continue;
-    line.replace(place - 1, 1, kCrLf);
+    full = place + position + 1;
+    if (!broken.IsBlankBehind(place)) broken.BreakAt(place);
   }
+  line = broken.Text();
 }

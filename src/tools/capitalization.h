@@ -5,3 +5,7 @@
 
 void UpperCaseText(ToolContext& context);
 void LowerCaseText(ToolContext& context);
+void CapitalizeLines(ToolContext& context);
+void CapitalizeSentences(ToolContext& context);
+// Does nothing: stored tools may name it.
+void CapitalizeCustom(ToolContext& context);

@@ -2,6 +2,9 @@
 
 #include "tools/capitalization.h"
 #include "tools/carriage_returns.h"
+#include "tools/leading_characters.h"
+#include "tools/line_spacing.h"
+#include "tools/run_program.h"
 
 namespace {
 
@@ -15,20 +18,21 @@ constexpr Tool kTools[] = {
     {Capitalization, u"All &Lower Case", u"All Lower Case", LowerCaseText},
     {Capitalization, u"All &Upper Case", u"All Upper Case", UpperCaseText},
     {Capitalization, u"&Capitalize 1st Letter on Every Line",
-     u"Capitalize 1st Letter on Every Line", nullptr},
+     u"Capitalize 1st Letter on Every Line", CapitalizeLines},
     {Capitalization, u"Capitalize 1st Letter of Sentences", u"Capitalize 1st Letter of Sentences",
-     nullptr},
-    {Capitalization, u"", u"Capitalize Custom Words", nullptr},
-    {LineSpacing, u"Add Double Spacing", u"Add Double Spacing", nullptr},
-    {LineSpacing, u"Remove Double Spacing", u"Remove Double Spacing", nullptr},
+     CapitalizeSentences},
+    {Capitalization, u"", u"Capitalize Custom Words", CapitalizeCustom},
+    {LineSpacing, u"Add Double Spacing", u"Add Double Spacing", AddDoubleSpc},
+    {LineSpacing, u"Remove Double Spacing", u"Remove Double Spacing", RemoveDoubleSpc},
     {LineSpacing, u"Remove Blank Lines at Beginning and End of Text",
-     u"Remove Blank Lines at Beginning and End of Text", nullptr},
+     u"Remove Blank Lines at Beginning and End of Text", RemoveBlankLines},
     {LineSpacing, u"Add Blank Line Before Indented Paragraph",
-     u"Add Blank Line Before Indented Paragraph", nullptr},
-    {AlterCharacters, u"&Remove Leading \">\" signs", u"Remove Leading \">\" Signs", nullptr},
-    {AlterCharacters, u"Remove 1 Leading Space", u"Remove 1 Leading Space", nullptr},
-    {AlterCharacters, u"Remove All Leading Spaces", u"Remove ALL Leading Spaces", nullptr},
-    {AlterCharacters, u"Indent Paragraphs", u"Indent Paragraphs", nullptr},
+     u"Add Blank Line Before Indented Paragraph", AddBlankParag},
+    {AlterCharacters, u"&Remove Leading \">\" signs", u"Remove Leading \">\" Signs",
+     RemoveLeadingSigns},
+    {AlterCharacters, u"Remove 1 Leading Space", u"Remove 1 Leading Space", RemoveOneSpace},
+    {AlterCharacters, u"Remove All Leading Spaces", u"Remove ALL Leading Spaces", RemoveALLSpace},
+    {AlterCharacters, u"Indent Paragraphs", u"Indent Paragraphs", IndentParag},
     {AlterCharacters, u"Fix Odd-Looking Characters (upper->lower ASCII)",
      u"Fix Odd-Looking Characters (upper->lower ASCII)", nullptr},
     {HtmlConversion, u"Convert to &HTML", u"Convert TO HTML", nullptr},
@@ -36,7 +40,7 @@ constexpr Tool kTools[] = {
     {TopOfTools, u"Search and Replace", u"Search and Replace", nullptr},
     {TopOfTools, u"Email Cleanup - Standard", u"Email Cleanup - Standard", nullptr},
     {TopOfTools, u"Email Cleanup - Poem or List", u"Email Cleanup - Poem or List", nullptr},
-    {CustomAndBatchOnly, u"", u"Run Program", nullptr},
+    {CustomAndBatchOnly, u"", u"Run Program", RunProgramAsSet},
 };
 
 constexpr ToolMenuGroup kGroups[] = {

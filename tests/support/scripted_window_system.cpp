@@ -53,6 +53,7 @@ class ScriptedDialog : public CommonDialog {
 }  // namespace
 
 void ScriptedWindowSystem::Advance(int milliseconds) {
+  milliseconds_ += milliseconds;
   for (int i = 0; i < milliseconds; ++i) {
     const auto timers = timers_;
     for (ScriptedTimer* timer : timers) {

@@ -26,6 +26,8 @@ class ScriptedWindowSystem : public WindowSystem {
   std::vector<String> Shown;
   int EventTurns = 0;
   int Dpi = 96;
+  // Runs at each wait for events, for what happens outside the program.
+  std::function<void()> OnWait;
 
   void Advance(int milliseconds);
 
@@ -33,7 +35,11 @@ class ScriptedWindowSystem : public WindowSystem {
   void RunModal(Form& form) override;
   void Forget(Form&) override {}
   void DoEvents() override { ++EventTurns; }
-  void Wait(int milliseconds) override { Advance(milliseconds); }
+  void Wait(int milliseconds) override {
+    Advance(milliseconds);
+    if (OnWait) OnWait();
+  }
+  long long Milliseconds() const override { return milliseconds_; }
   int Run() override { return QuitStatus.value_or(0); }
   void Quit(int status) override { QuitStatus = status; }
   bool Attended() const override { return true; }
@@ -47,5 +53,6 @@ class ScriptedWindowSystem : public WindowSystem {
   class ScriptedTimer;
 
   std::set<ScriptedTimer*> timers_;
+  long long milliseconds_ = 0;
   PrivateClipboard clipboard_;
 };

@@ -6,6 +6,7 @@
 
 #include "platform/console/string_rich_text_box.h"
 #include "platform/runtime_error.h"
+#include "platform/steady_clock.h"
 
 namespace {
 
@@ -40,6 +41,8 @@ void ConsoleWindowSystem::RunModal(Form& form) {
 void ConsoleWindowSystem::Wait(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
+
+long long ConsoleWindowSystem::Milliseconds() const { return SteadyMilliseconds(); }
 
 std::unique_ptr<Timer> ConsoleWindowSystem::CreateTimer() { return std::make_unique<StillTimer>(); }
 

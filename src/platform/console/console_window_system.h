@@ -11,6 +11,7 @@ class ConsoleWindowSystem : public WindowSystem {
   void Forget(Form&) override {}
   void DoEvents() override {}
   void Wait(int milliseconds) override;
+  long long Milliseconds() const override;
   // Nothing can happen any more, so this returns at once.
   int Run() override { return status_; }
   void Quit(int status) override { status_ = status; }

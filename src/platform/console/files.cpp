@@ -37,6 +37,8 @@ void TestReadable(const String& path) {
   InputFile(path).Read(&byte, 1);
 }
 
+bool IsExecutable(const String& path) { return FileExists(path) && sys::Access(path, X_OK) == 0; }
+
 bool IsReadOnly(const String& path) { return (StatusOf(path).st_mode & 0222) == 0; }
 
 void SetReadOnly(const String& path, bool readOnly) {

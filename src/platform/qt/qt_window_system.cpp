@@ -11,6 +11,7 @@
 #include "platform/qt/qt_common_dialog.h"
 #include "platform/qt/qt_rich_text_box.h"
 #include "platform/qt/qt_timer.h"
+#include "platform/steady_clock.h"
 
 namespace {
 // How long a window may take to come onto the screen.
@@ -97,6 +98,8 @@ void QtWindowSystem::Wait(int milliseconds) {
   QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
   loop.exec();
 }
+
+long long QtWindowSystem::Milliseconds() const { return SteadyMilliseconds(); }
 
 int QtWindowSystem::Run() {
   if (quit_) return *quit_;

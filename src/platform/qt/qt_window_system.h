@@ -20,6 +20,7 @@ class QtWindowSystem : public WindowSystem {
   void Forget(Form& form) override;
   void DoEvents() override;
   void Wait(int milliseconds) override;
+  long long Milliseconds() const override;
   int Run() override;
   void Quit(int status) override;
   bool Attended() const override { return true; }

@@ -1,0 +1,9 @@
+#pragma once
+// Several tools one after the other on one file.
+
+#include "core/shared_fields.h"
+
+// After a tool of a chain, before the next: in a batch the next tool reads what the last one wrote.
+// The file itself waits for the result of the whole chain, so that a tool that fails leaves it as
+// it was. On the editor each tool has put its result there already. RuntimeError.
+void ChainStep(SharedFields& fields);

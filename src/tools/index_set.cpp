@@ -1,0 +1,68 @@
+#include "tools/index_set.h"
+
+#include <bit>
+
+namespace {
+
+constexpr std::size_t kBits = 64;
+constexpr std::uint64_t kOne = 1;
+constexpr std::uint64_t kAll = ~std::uint64_t{0};
+
+std::size_t Lowest(std::uint64_t word) { return static_cast<std::size_t>(std::countr_zero(word)); }
+std::size_t Highest(std::uint64_t word) {
+  return kBits - 1 - static_cast<std::size_t>(std::countl_zero(word));
+}
+
+}  // namespace
+
+IndexSet::IndexSet(std::size_t size) {
+  do {
+    size = size / kBits + 1;
+    levels_.emplace_back(size);
+  } while (size > 1);
+}
+
+void IndexSet::Insert(std::size_t index) {
+  for (auto& level : levels_) {
+    level[index / kBits] |= kOne << index % kBits;
+    index /= kBits;
+  }
+}
+
+void IndexSet::Erase(std::size_t index) {
+  for (auto& level : levels_) {
+    std::uint64_t& word = level[index / kBits];
+    word &= ~(kOne << index % kBits);
+    if (word != 0) return;
+    index /= kBits;
+  }
+}
+
+std::size_t IndexSet::AtOrBefore(std::size_t index) const {
+  // Up to the first level with a member in the same word, then down to that member.
+  for (std::size_t i = 0; i < levels_.size(); ++i) {
+    const std::uint64_t word = levels_[i][index / kBits] & kAll >> (kBits - 1 - index % kBits);
+    if (word != 0) {
+      index = index / kBits * kBits + Highest(word);
+      while (i-- > 0) index = index * kBits + Highest(levels_[i][index]);
+      return index;
+    }
+    if (index < kBits) return kNone;
+    index = index / kBits - 1;
+  }
+  return kNone;
+}
+
+std::size_t IndexSet::AtOrAfter(std::size_t index) const {
+  for (std::size_t i = 0; i < levels_.size(); ++i) {
+    if (index / kBits >= levels_[i].size()) return kNone;
+    const std::uint64_t word = levels_[i][index / kBits] & kAll << index % kBits;
+    if (word != 0) {
+      index = index / kBits * kBits + Lowest(word);
+      while (i-- > 0) index = index * kBits + Lowest(levels_[i][index]);
+      return index;
+    }
+    index = index / kBits + 1;
+  }
+  return kNone;
+}
