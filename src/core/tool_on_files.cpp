@@ -26,10 +26,13 @@ void RefuseEncrypted(TextReader& reader, const String& file) {
 void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
   SharedFields& fields = context.Fields;
   fields.BatchCurrentFile = file;
+  DeleteFileQuietly(fields.TempFile1);
   fields.InputFileNum = std::make_unique<TextReader>(file);
   RefuseEncrypted(*fields.InputFileNum, file);
   tool.Run(context);
   fields.InputFileNum.reset();
+  // A tool that does nothing leaves nothing.
+  if (!FileExists(fields.TempFile1)) return;
   SafeSave(file, [&](const ByteSink& sink) { InputFile(fields.TempFile1).ReadRest(sink); });
 }
 
