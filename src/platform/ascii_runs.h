@@ -2,6 +2,7 @@
 // The inner loops over bytes and characters. Each works on runs of fixed length without a branch
 // inside, which compilers turn into vector instructions.
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -57,31 +58,46 @@ inline void CopyRun(const From* from, To* to) {
   for (std::ptrdiff_t i = 0; i < kLength; ++i) to[i] = static_cast<To>(from[i]);
 }
 
-// The first `unit` at or after `p`, or `end`.
-inline const char16_t* FindUnit(const char16_t* p, const char16_t* end, char16_t unit) {
-  while (end - p >= kRun) {
+// Which of the kRun units at `p` is the first that matches; there is one.
+template <typename Matches>
+inline std::ptrdiff_t FirstOfRun(const char16_t* p, Matches matches) {
+  std::array<unsigned char, kRun> hits;
+  for (std::ptrdiff_t i = 0; i < kRun; ++i) hits[static_cast<std::size_t>(i)] = matches(p + i);
+  std::array<std::uint64_t, kRun / 8> words;
+  std::memcpy(words.data(), hits.data(), sizeof words);
+  std::ptrdiff_t word = 0;
+  while (words[static_cast<std::size_t>(word)] == 0) ++word;
+  const std::uint64_t found = words[static_cast<std::size_t>(word)];
+  const int bits = std::endian::native == std::endian::little ? std::countr_zero(found)
+                                                              : std::countl_zero(found);
+  return word * 8 + bits / 8;
+}
+
+// The first unit at or after `p` that matches, or `end`.
+template <typename Matches>
+inline const char16_t* FindWhere(const char16_t* p, const char16_t* end, Matches matches) {
+  for (; end - p >= kRun; p += kRun) {
     char16_t hits = 0;
     for (std::ptrdiff_t i = 0; i < kRun; ++i)
-      hits = static_cast<char16_t>(hits | (p[i] == unit ? 1 : 0));
-    if (hits != 0) break;
-    p += kRun;
+      hits = static_cast<char16_t>(hits | (matches(p + i) ? 1 : 0));
+    if (hits != 0) return p + FirstOfRun(p, matches);
   }
-  while (p != end && *p != unit) ++p;
+  while (p != end && !matches(p)) ++p;
   return p;
+}
+
+// The first `unit` at or after `p`, or `end`.
+inline const char16_t* FindUnit(const char16_t* p, const char16_t* end, char16_t unit) {
+  return FindWhere(p, end, [unit](const char16_t* at) { return *at == unit; });
 }
 
 // The first `unit` at or after `p` that is followed by `next`, or `end`. The unit at `end` is read.
 inline const char16_t* FindTwoUnits(const char16_t* p, const char16_t* end, char16_t unit,
                                     char16_t next) {
-  while (end - p >= kRun) {
-    char16_t hits = 0;
-    for (std::ptrdiff_t i = 0; i < kRun; ++i)
-      hits = static_cast<char16_t>(hits | ((p[i] == unit) & (p[i + 1] == next)));
-    if (hits != 0) break;
-    p += kRun;
-  }
-  while (p != end && (*p != unit || p[1] != next)) ++p;
-  return p;
+  // Without a branch between the two.
+  return FindWhere(p, end, [unit, next](const char16_t* at) {
+    return ((at[0] == unit) & (at[1] == next)) != 0;
+  });
 }
 
 // Whether a half of a surrogate pair is among the kLength units at `p`.

@@ -37,18 +37,12 @@ bool StartsWithWord(StringView text) {
 // character stays in its place.
 String Fold(StringView text) { return LCase(UCase(text)); }
 
-// Finds one text in another; in any case, it folds the other piece by piece as the search gets
-// there.
+// Finds one text in another in any case: folds the other piece by piece as the search gets there.
 class Searcher {
  public:
-  Searcher(StringView text, StringView what, bool matchCase)
-      : text_(text), what_(matchCase ? String(what) : Fold(what)), matchCase_(matchCase) {}
+  Searcher(StringView text, StringView what) : text_(text), what_(Fold(what)) {}
 
   std::optional<std::size_t> Next(std::size_t from) {
-    if (matchCase_) {
-      const std::size_t place = InStr(text_, what_, from + 1);
-      return place == 0 ? std::nullopt : std::optional(place - 1);
-    }
     while (from < text_.size()) {
       if (from < pieceStart_ || from + what_.size() > pieceStart_ + piece_.size()) FoldFrom(from);
       if (const std::size_t place = InStr(piece_, what_, from - pieceStart_ + 1))
@@ -76,7 +70,6 @@ class Searcher {
 
   StringView text_;
   String what_;
-  bool matchCase_;
   std::size_t pieceStart_ = 0;
   String piece_;
 };
@@ -86,11 +79,20 @@ class Searcher {
 std::optional<std::size_t> FindText(StringView text, StringView what, std::size_t start,
                                     int options) {
   if (what.empty()) return std::nullopt;
-  Searcher searcher(text, what, (options & kMatchCase) != 0);
+  const auto wanted = [&](std::size_t hit) {
+    return (options & kWholeWord) == 0 ||
+           (!EndsWithWord(text.substr(0, hit)) && !StartsWithWord(text.substr(hit + what.size())));
+  };
+  if ((options & kMatchCase) != 0) {
+    while (const std::size_t place = InStr(text, what, start + 1)) {
+      if (wanted(place - 1)) return place - 1;
+      start = place;
+    }
+    return std::nullopt;
+  }
+  Searcher searcher(text, what);
   while (const auto hit = searcher.Next(start)) {
-    const bool whole =
-        !EndsWithWord(text.substr(0, *hit)) && !StartsWithWord(text.substr(*hit + what.size()));
-    if ((options & kWholeWord) == 0 || whole) return hit;
+    if (wanted(*hit)) return hit;
     start = *hit + 1;
   }
   return std::nullopt;

@@ -23,12 +23,15 @@ std::size_t FindByTable(StringView text, StringView what, std::size_t from) {
   return StringView::npos;
 }
 
-// Looks for the first two characters and compares from there; goes over to the table when comparing
-// has cost more than the way covered is worth.
+// What looking for the next candidate costs, in characters compared.
+constexpr std::size_t kCandidate = 8;
+
+// Looks for the first two characters and compares from there; goes over to the table when the
+// candidates have cost more than the way covered is worth.
 std::size_t Find(StringView text, StringView what, std::size_t from) {
   const char16_t* const begin = text.data();
   const char16_t* const last = begin + (text.size() - what.size());
-  std::size_t compared = 0;
+  std::size_t cost = 0;
   const auto candidate = [&](const char16_t* p) {
     return what.size() == 1 ? FindUnit(p, last + 1, what[0])
                             : FindTwoUnits(p, last + 1, what[0], what[1]);
@@ -36,9 +39,9 @@ std::size_t Find(StringView text, StringView what, std::size_t from) {
   for (const char16_t* p = begin + from; (p = candidate(p)) <= last; ++p) {
     const auto difference = std::mismatch(what.begin() + 1, what.end(), p + 1).first;
     if (difference == what.end()) return static_cast<std::size_t>(p - begin);
-    compared += static_cast<std::size_t>(difference - what.begin());
+    cost += kCandidate + static_cast<std::size_t>(difference - what.begin());
     const auto at = static_cast<std::size_t>(p - begin);
-    if (compared > 4 * (at - from) + 1000) return FindByTable(text, what, at + 1);
+    if (cost > 4 * (at - from) + 1000) return FindByTable(text, what, at + 1);
   }
   return StringView::npos;
 }

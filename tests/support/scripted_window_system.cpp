@@ -96,7 +96,7 @@ std::unique_ptr<Timer> ScriptedWindowSystem::CreateTimer() {
 }
 
 std::unique_ptr<RichTextBox> ScriptedWindowSystem::CreateRichTextBox() {
-  return std::make_unique<StringRichTextBox>();
+  return MakeBox ? MakeBox() : std::make_unique<StringRichTextBox>();
 }
 
 std::unique_ptr<CommonDialog> ScriptedWindowSystem::CreateCommonDialog() {

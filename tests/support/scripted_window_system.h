@@ -24,6 +24,8 @@ class ScriptedWindowSystem : public WindowSystem {
   std::optional<int> QuitStatus;
   // Every showing of a window that does not wait, by its caption.
   std::vector<String> Shown;
+  // Makes the edit controls; none gives those without a display.
+  std::function<std::unique_ptr<RichTextBox>()> MakeBox;
   int EventTurns = 0;
   int Dpi = 96;
   // Runs at each wait for events, for what happens outside the program.

@@ -5,6 +5,7 @@
 #include <bitset>
 #include <limits>
 
+#include "platform/qt/large_string.h"
 #include "platform/runtime_error.h"
 
 namespace {
@@ -70,7 +71,8 @@ String DocumentText::FromDocument(QStringView raw) const {
   const char16_t firstRare = std::min(kFirstRare, lowestStandIn);
   const StringView in(raw.utf16(), static_cast<std::size_t>(raw.size()));
   const auto lineEnds = static_cast<std::size_t>(std::count(in.begin(), in.end(), kBlockEnd));
-  String result(in.size() + lineEnds, u'\0');
+  String result = WithRoomFor(in.size() + lineEnds);
+  result.resize(in.size() + lineEnds);
   auto* out = result.data();
   for (const char16_t c : in) {
     if (c < firstRare) {

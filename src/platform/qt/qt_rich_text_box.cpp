@@ -4,6 +4,7 @@
 #include <climits>
 
 #include "platform/qt/fonts.h"
+#include "platform/qt/large_string.h"
 
 namespace {
 
@@ -45,8 +46,7 @@ RichTextBox::SharedString QtRichTextBox::ReadText(const SharedString& before) co
   // A large middle is read faster as part of the whole.
   if (!before || untouched.Front + untouched.End < length / 2)
     return std::make_shared<const String>(Text());
-  String text;
-  text.reserve(length);
+  String text = WithRoomFor(length);
   text.append(*before, 0, untouched.Front);
   text += edit_->TextBetween(untouched.Front, length - untouched.End);
   text.append(*before, before->size() - untouched.End);
