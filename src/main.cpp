@@ -7,7 +7,10 @@
 #include "core/command_line.h"
 #include "core/startup.h"
 #include "core/tool_on_files.h"
+#include "core/unattended_run.h"
 #include "editor/messages.h"
+#include "platform/console/console_window_system.h"
+#include "platform/console/signals.h"
 #include "platform/runtime_error.h"
 #include "platform/terminal.h"
 #include "platform/window_module.h"
@@ -25,6 +28,16 @@ Edits plain text in a window. FILE need not exist yet.
 Switches, in any case:
   /NOSPLASH     start without the splash window
   /EOF          put the caret behind the last character
+  /AUTO:NAME    run the custom tool NAME on FILE without a window, save the
+                file, and exit
+  /SAVETOLOCATION:FOLDER  with /AUTO: save the result in FOLDER
+  /ADDPREFIX:TEXT         with /AUTO: put TEXT in front of the result's name
+  /SAVEASHTMLFILE         with /AUTO: the result's name ends in .html
+  /NOHTMLHEADERFOOTER     with /AUTO: Convert to HTML writes no page frame
+  /EMAILSTD     run Email Cleanup - Standard on the clipboard's text and exit
+  /EMAILPOEM    the same with Email Cleanup - Poem or List
+
+A value ends at the next switch. One in double quotes is taken whole.
 
 Options:
   --tool NAME   run one tool on each FILE without a window, for example
@@ -50,15 +63,39 @@ int RunTool(const std::vector<String>& arguments) {
   return RunToolOnFiles(arguments[1], std::span(arguments).subspan(2));
 }
 
+// Tells on standard error, and in a window where nobody may read that.
+int Tell(WindowSystem* windows, const String& text, const String& title) {
+  std::cerr << "wordflurn: " << ToUtf8(text) << '\n';
+  if (windows == nullptr || StandardErrorIsTerminal()) return 1;
+  Messages messages(*windows);
+  if (!title.empty()) messages.Notice1.Caption = title;
+  messages.Notice(text);
+  return 1;
+}
+
 int RunInWindow(int argc, char** argv) {
   const auto windows = LoadWindowSystem(argc, argv);
   try {
     // Only now: the window system has taken its own arguments out.
     return Main(*windows, JoinArguments(TextOf(argc, argv)));
   } catch (const RuntimeError& error) {
-    std::cerr << "wordflurn: " << error.what() << '\n';
-    if (!StandardErrorIsTerminal()) Messages(*windows).Notice(FromUtf8(error.what()));
-    return 1;
+    return Tell(windows.get(), FromUtf8(error.what()), {});
+  }
+}
+
+int RunWithoutWindow(int argc, char** argv, const String& commandLine) {
+  TidyUpOnSignals();
+  try {
+    ConsoleWindowSystem windows;
+    return Main(windows, commandLine);
+  } catch (const RefusedCommandLine& refused) {
+    std::unique_ptr<WindowSystem> windows;
+    try {
+      if (!StandardErrorIsTerminal()) windows = LoadWindowSystem(argc, argv);
+    } catch (const RuntimeError&) {
+      // Without a display, standard error is all there is.
+    }
+    return Tell(windows.get(), refused.Text, refused.Title);
   }
 }
 
@@ -75,6 +112,8 @@ int main(int argc, char** argv) {
       std::cerr << "wordflurn: unknown option " << option << "; see wordflurn --help\n";
       return 1;
     }
+    const String commandLine = JoinArguments(TextOf(argc, argv));
+    if (WantsNoWindow(commandLine)) return RunWithoutWindow(argc, argv, commandLine);
     return RunInWindow(argc, argv);
   } catch (const std::exception& error) {
     std::cerr << "wordflurn: " << error.what() << '\n';

@@ -2,9 +2,11 @@
 
 #include "core/command_line.h"
 #include "core/data_files.h"
+#include "core/unattended_run.h"
 #include "editor/plain_undo.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
+#include "tools/character_repair.h"
 
 namespace {
 
@@ -42,6 +44,7 @@ ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const Str
       CommonDialog1(*commonDialog1_),
       Messages(windows),
       Tools(windows, Messages),
+      CustomTools(windows),
       Document(Fields, RichTextBox1, CommonDialog1, Messages, Caption, *this),
       Status(Fields, RichTextBox1, Document),
       Edit(windows, RichTextBox1, ActiveControl, Messages),
@@ -96,14 +99,8 @@ void ChangeCase::WireMenus() {
   };
   for (const MainMenu::ToolEntry& entry : Menu.ToolEntries)
     entry.Item->OnClick = [this, tool = entry.Tool] { RunTool(*tool); };
-  for (MenuItem& item : Menu.CustMenus) {
-    item.OnClick = [this] {
-      if (RichTextBox1.Locked)
-        RefuseOnEncryptedText();
-      else
-        Messages.Notice(u"This version lists custom tools but cannot run them yet.");
-    };
-  }
+  for (int number = 1; number <= kMostCustomTools; ++number)
+    CustMenu(number).OnClick = [this, number] { RunCustomToolAsOneStep(number); };
 }
 
 void ChangeCase::WireEditMenu() {
@@ -142,6 +139,18 @@ void ChangeCase::WireToolBar() {
          else
            app.UndoLast();
        }},
+      {Command5, u"custom-tool-1", u"Custom Tool 1 (F1)",
+       [](ChangeCase& app) { app.RunFromToolBar([&app] { app.RunCustomToolAsOneStep(1); }); }},
+      {Command6, u"custom-tool-2", u"Custom Tool 2 (F2)",
+       [](ChangeCase& app) { app.RunFromToolBar([&app] { app.RunCustomToolAsOneStep(2); }); }},
+      {Command11, u"email", u"Email Cleanup - Standard",
+       [](ChangeCase& app) {
+         app.RunFromToolBar([&app] { app.RunAsOneStep(EmailCleanupFromMenu); });
+       }},
+      {Command12, u"email-poem", u"Email Cleanup - Poem or List",
+       [](ChangeCase& app) {
+         app.RunFromToolBar([&app] { app.RunAsOneStep(EmailCleanupPoemFromMenu); });
+       }},
   };
   for (const ToolButton& tool : buttons) {
     tool.Button.Icon = String(tool.Icon);
@@ -174,17 +183,26 @@ void ChangeCase::Load() {
 }
 
 void ChangeCase::ShowCustomTools() {
-  for (const auto& [number, name] : ReadCustomToolNames(Fields.CustomToolFile)) {
-    MenuItem& item = Menu.CustMenus.at(static_cast<std::size_t>(number) - 1);
-    item.Caption = MenuName(name);
-    item.Visible = true;
+  CustomToolNames = ReadCustomToolNames(Fields.CustomToolFile);
+  for (const auto& [number, name] : CustomToolNames) {
+    CustMenu(number).Caption = MenuName(name);
+    CustMenu(number).Visible = true;
     Fields.CustomToolCount = number;
   }
+  const auto describe = [this](CommandButton& button, int number, StringView key) {
+    const auto tool = CustomToolNames.find(number);
+    button.Enabled = tool != CustomToolNames.end();
+    if (button.Enabled) button.ToolTipText = tool->second + String(key);
+  };
+  describe(Command5, 1, u" (F1)");
+  describe(Command6, 2, u" (F2)");
   Menu.hyphen7.Visible = Menu.CustMenus.front().Visible;
   Menu.CustToolsMenu.Visible = Fields.CustomToolCount > 0;
 }
 
 void ChangeCase::OpenCommandLine() {
+  int status = 0;
+  if (RunUnattended(*this, status)) return Windows().Quit(status);
   Fields.ViewHtmlOnStart = HasSwitch(Fields.CommandLine, u"/VIEWHTML");
   if (const String file = FileArgument(Fields.CommandLine); !file.empty()) OpenNamed(file);
   if (HasSwitch(Fields.CommandLine, u"/EOF")) RichTextBox1.SetSelStart(RichTextBox1.TextLength());
@@ -241,16 +259,45 @@ void ChangeCase::ToggleWordWrap() {
 
 void ChangeCase::RefuseOnEncryptedText() { Messages.Notice(kNoToolsOnEncryptedText); }
 
-void ChangeCase::RunTool(const Tool& tool) {
+void ChangeCase::RunTool(const Tool& tool) { RunAsOneStep(tool.Click ? tool.Click : tool.Run); }
+
+void ChangeCase::RunCustomTool(int number) {
+  if (!CustomToolNames.contains(number)) return;
+  ToolContext context = Context();
+  CustomTools.Run(context, number);
+}
+
+void ChangeCase::RunAsOneStep(const std::function<void(ToolContext&)>& run) {
   ToolContext context = Context();
   UndoStop();
   try {
-    (tool.Click ? tool.Click : tool.Run)(context);
+    run(context);
   } catch (...) {
     UndoStart();
     throw;
   }
   UndoStart();
+}
+
+void ChangeCase::RunCustomToolAsOneStep(int number) {
+  if (RichTextBox1.Locked) return RefuseOnEncryptedText();
+  if (IsBlank(*RichTextBox1.SharedText())) return;
+  RunAsOneStep([this, number](ToolContext&) { RunCustomTool(number); });
+  Document.CheckSetLock();
+}
+
+void ChangeCase::RunFromToolBar(const std::function<void()>& run) {
+  if (RichTextBox1.Locked) return RefuseOnEncryptedText();
+  RichTextBox1.SetFocus();
+  if (Fields.ToolBusy) return;
+  Fields.ToolBusy = true;
+  try {
+    run();
+  } catch (...) {
+    Fields.ToolBusy = false;
+    throw;
+  }
+  Fields.ToolBusy = false;
 }
 
 void ChangeCase::UndoStop() {
@@ -369,6 +416,10 @@ void ChangeCase::Exit() {
   if (!Document.MayExit()) return;
   DeleteTemporaryFiles(Fields);
   Windows().Quit(0);
+}
+
+MenuItem& ChangeCase::CustMenu(int number) {
+  return Menu.CustMenus.at(static_cast<std::size_t>(number) - 1);
 }
 
 ToolContext ChangeCase::Context() { return {Fields, RichTextBox1, Messages, Windows(), Tools}; }

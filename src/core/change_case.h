@@ -2,11 +2,14 @@
 // The main window and application object: it owns the document, the shared fields and the windows,
 // and wires menus, buttons and status bar to what they do.
 
+#include <functional>
+#include <map>
 #include <memory>
 
 #include "core/main_menu.h"
 #include "core/options.h"
 #include "core/status_line.h"
+#include "custom/custom_tool_runner.h"
 #include "editor/cls_undo.h"
 #include "editor/document.h"
 #include "editor/edit_commands.h"
@@ -34,6 +37,10 @@ class ChangeCase : public Form, private DocumentHost {
   void UndoStart();
   void UndoCancel();
 
+  // Runs a custom tool by its number, 1 to kMostCustomTools; one that is not there does nothing.
+  void RunCustomTool(int number);
+  ToolContext Context();
+
   SharedFields Fields;
 
  private:
@@ -48,15 +55,22 @@ class ChangeCase : public Form, private DocumentHost {
   CommonDialog& CommonDialog1;
   ::Messages Messages;
   ToolState Tools;
+  CustomToolRunner CustomTools;
+  // By number, in proper case.
+  std::map<int, String> CustomToolNames;
   ::Document Document;
   MainMenu Menu;
   ToolBar Picture1;
-  CommandButton Command1;  // open
-  CommandButton Command2;  // new
-  CommandButton Command3;  // save
-  CommandButton Command7;  // undo
-  CommandButton Command8;  // paste
-  CommandButton Command9;  // copy all
+  CommandButton Command1;   // open
+  CommandButton Command2;   // new
+  CommandButton Command3;   // save
+  CommandButton Command7;   // undo
+  CommandButton Command8;   // paste
+  CommandButton Command9;   // copy all
+  CommandButton Command5;   // custom tool 1
+  CommandButton Command6;   // custom tool 2
+  CommandButton Command11;  // Email Cleanup - Standard
+  CommandButton Command12;  // Email Cleanup - Poem or List
   StatusLine Status;
   EditCommands Edit;
   FindPanel Find;
@@ -83,9 +97,12 @@ class ChangeCase : public Form, private DocumentHost {
   void ShowUndoState();
   void HideUndo();
   void RunTool(const Tool& tool);
+  void RunAsOneStep(const std::function<void(ToolContext&)>& run);
+  void RunCustomToolAsOneStep(int number);
+  void RunFromToolBar(const std::function<void()>& run);
   void RefuseOnEncryptedText();
   void ShowCustomTools();
+  MenuItem& CustMenu(int number);
   void OpenCommandLine();
   void OpenNamed(const String& file);
-  ToolContext Context();
 };

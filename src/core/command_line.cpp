@@ -75,6 +75,17 @@ bool HasSwitch(StringView commandLine, StringView name) {
   return FindSwitch(commandLine, name).has_value();
 }
 
+String SwitchValue(StringView commandLine, StringView name) {
+  const auto place = FindSwitch(commandLine, name);
+  if (!place) return {};
+  const StringView behind = commandLine.substr(*place + name.size());
+  const StringView value =
+      Trim(behind.substr(0, FindUnquoted(behind, StartsWithAnySwitch).value_or(behind.size())));
+  if (!value.starts_with(kQuote)) return String(value);
+  const StringView quoted = value.substr(1);
+  return String(quoted.substr(0, quoted.find(kQuote)));
+}
+
 String FileArgument(StringView commandLine) {
   const auto end = FindUnquoted(commandLine, StartsWithAnySwitch);
   StringView file = Trim(commandLine.substr(0, end.value_or(commandLine.size())));

@@ -15,5 +15,9 @@ String JoinArguments(std::span<const String> arguments);
 std::optional<std::size_t> FindSwitch(StringView commandLine, StringView name);
 bool HasSwitch(StringView commandLine, StringView name);
 
+// What stands behind a switch such as u"/AUTO:", up to the next switch, trimmed; a value in double
+// quotes without them. Empty where the switch is missing.
+String SwitchValue(StringView commandLine, StringView name);
+
 // The text in front of the first switch, trimmed, without the double quotes round it.
 String FileArgument(StringView commandLine);

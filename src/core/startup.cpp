@@ -18,7 +18,7 @@ int Main(WindowSystem& windows, const String& commandLine) {
   const WorkFolder workFolder(appFolder);
   SetSpareFolder(appFolder);
   ChangeCase app(windows, appFolder, workFolder.Path(), commandLine);
-  if (HasSwitch(commandLine, u"/NOSPLASH")) {
+  if (HasSwitch(commandLine, u"/NOSPLASH") || !windows.Attended()) {
     app.Show();
   } else {
     frmSplash splash(windows);

@@ -3,9 +3,7 @@
 
 #include <map>
 
-#include "platform/text.h"
-
-inline constexpr int kMostCustomTools = 8;
+#include "custom/custom_tool.h"
 
 // The names in a custom tool file by the tools' numbers, 1 to 8, in proper case. A name that stands
 // under a number twice counts as it stands last. An unreadable file has none.

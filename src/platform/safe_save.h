@@ -22,6 +22,10 @@ using ByteSink = std::function<void(std::string_view bytes)>;
 // folder behind the rename fails does the file hold the new content already.
 void SafeSave(const String& path, const std::function<void(const ByteSink&)>& produce);
 
+// The same for content that `write` puts into a file, empty so far, by its path. False, and `write`
+// was not called, where the file can't be replaced in one step; SafeSave then rewrites it in place.
+bool SafeReplace(const String& path, const std::function<void(const String& scratch)>& write);
+
 // Where copies are kept for files in folders that can't be written; the data folder of the program.
 // For the copy of this library that the caller is linked with: the program's, which does all
 // saving. The window module has a copy and a setting of its own, never set, so it must not save

@@ -62,6 +62,8 @@ class TextReader {
   // The next line without its end, as it stands in the file. The view holds until the next call.
   // RuntimeError 62 at the end.
   StringView ReadLine();
+  // Whether the line read last had an end; true before the first.
+  bool LastLineEnded() const;
   // Goes back to the first line.
   void Rewind();
 

@@ -13,6 +13,7 @@ struct TextReader::State {
   ByteLines Lines;
   // Only ever grows.
   String Line;
+  bool Ended = true;
 };
 
 TextReader::TextReader(const String& path) : state_(std::make_unique<State>(path)) {}
@@ -28,10 +29,13 @@ bool TextReader::AtEnd() const { return state_->Lines.AtEnd(); }
 
 StringView TextReader::ReadLine() {
   if (AtEnd()) throw RuntimeError(kInputPastEnd, "Input past the end of the file");
-  const std::string_view bytes = state_->Lines.NextLine().Bytes;
+  const auto [bytes, end] = state_->Lines.NextLine();
+  state_->Ended = end != ByteLines::End::None;
   String& line = state_->Line;
   if (line.size() < bytes.size()) line.resize(bytes.size());
   return Decode(bytes, Format().Encoding, line.data());
 }
+
+bool TextReader::LastLineEnded() const { return state_->Ended; }
 
 void TextReader::Rewind() { state_->Lines.Rewind(); }

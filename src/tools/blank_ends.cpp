@@ -1,12 +1,18 @@
 #include "tools/blank_ends.h"
 
-#include "tools/lines.h"
-
 void DropBlankEnds(LineSource& in, LineSink& out) {
-  const Lines lines(in);
-  std::size_t first = 1;
-  while (first <= lines.Count() && IsBlank(lines.At(first))) ++first;
-  std::size_t last = lines.Count();
-  while (last > first && IsBlank(lines.At(last))) --last;
-  lines.PrintTo(out, first, last);
+  bool begun = false;
+  // Blank lines that may be the last ones, with their line ends.
+  String held;
+  while (!in.AtEnd()) {
+    const StringView line = in.ReadLine();
+    if (IsBlank(line)) {
+      if (begun) held.append(line).append(kCrLf);
+      continue;
+    }
+    out.Write(held);
+    held.clear();
+    out.Print(line);
+    begun = true;
+  }
 }

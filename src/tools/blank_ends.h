@@ -2,6 +2,5 @@
 
 #include "tools/line_io.h"
 
-// Passes on all lines from the first to the last that is not blank. RuntimeError 9 for more than
-// Lines::kMostRows lines.
+// Passes on all lines from the first to the last that is not blank.
 void DropBlankEnds(LineSource& in, LineSink& out);

@@ -1,50 +1,53 @@
 #include "tools/broken_line.h"
 
+#include <algorithm>
 #include <bit>
 
 namespace {
 
-constexpr std::size_t kWord = 64;
+constexpr std::size_t kWord = IndexSet::kWord;
 
 // The lowest bit that is set: the span of a node of the tree.
 std::size_t Span(std::size_t node) { return node & (~node + 1); }
 
+std::uint64_t SpacesIn(StringView text) {
+  std::uint64_t bits = 0;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    bits |= static_cast<std::uint64_t>(text[i] == u' ') << i;
+  return bits;
+}
+
 }  // namespace
 
-BrokenLine::BrokenLine(StringView line)
-    : line_(line),
-      lastNonSpace_(line.find_last_not_of(u' ')),
-      spaces_(line.size()),
-      breaks_(line.size()),
-      tree_(line.size() / kWord + 2) {
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == u' ') spaces_.Insert(i);
-  }
+void BrokenLine::Start(StringView line) {
+  line_ = line;
+  lastNonSpace_ = line.find_last_not_of(u' ');
+  breakCount_ = 0;
+  spaces_.Start(line.size());
+  breaks_.Start(line.size());
+  tree_.assign(line.size() / kWord + 2, 0);
+  for (std::size_t begin = 0; begin < line.size(); begin += kWord)
+    spaces_.SetWord(begin / kWord, SpacesIn(line.substr(begin, kWord)));
 }
 
-std::size_t BrokenLine::SpaceAtOrBefore(std::size_t place) const {
-  return PlaceOf(spaces_.AtOrBefore(IndexAt(place)));
+BrokenLine::Spaces BrokenLine::SpacesRound(std::size_t place) const {
+  const std::size_t index = IndexAt(place);
+  return {At(spaces_.AtOrBefore(index)), At(spaces_.AtOrAfter(index))};
 }
 
-std::size_t BrokenLine::SpaceAtOrAfter(std::size_t place) const {
-  return PlaceOf(spaces_.AtOrAfter(IndexAt(place)));
-}
-
-void BrokenLine::BreakAt(std::size_t space) {
-  const std::size_t index = IndexAt(space);
-  spaces_.Erase(index);
-  breaks_.Insert(index);
+void BrokenLine::BreakAt(Space space) {
+  spaces_.Erase(space.Index);
+  breaks_.Insert(space.Index);
   ++breakCount_;
-  for (std::size_t node = index / kWord + 1; node < tree_.size(); node += Span(node)) ++tree_[node];
+  for (std::size_t node = space.Index / kWord + 1; node < tree_.size(); node += Span(node))
+    ++tree_[node];
 }
 
-String BrokenLine::Text() const {
-  String text;
-  text.reserve(Length());
+void BrokenLine::PrintTo(LineSink& out) const {
   std::size_t begin = 0;
   for (std::size_t i; (i = breaks_.AtOrAfter(begin)) != IndexSet::kNone; begin = i + 1)
-    text.append(line_.substr(begin, i - begin)).append(kCrLf);
-  return text.append(line_.substr(begin));
+    out.Print(line_.substr(begin, i - begin));
+  out.Print(line_.substr(begin));
 }
 
 std::size_t BrokenLine::IndexAt(std::size_t place) const {
@@ -59,19 +62,25 @@ std::size_t BrokenLine::IndexAt(std::size_t place) const {
     word = next;
     left -= width;
   }
+  // Each break in the word takes a place more.
   std::size_t index = word * kWord;
-  for (std::uint64_t breaks = breaks_.Word(word);; breaks >>= 1, ++index) {
-    const std::size_t width = 1 + (breaks & 1);
-    if (left < width) return index;
-    left -= width;
+  for (std::uint64_t breaks = breaks_.Word(word);;) {
+    const auto plain = static_cast<std::size_t>(std::countr_zero(breaks));
+    if (left <= plain || plain >= kWord) return index + left;
+    left -= plain + 1;
+    index += plain;
+    if (left == 0) return index;
+    --left;
+    ++index;
+    breaks = plain + 1 < kWord ? breaks >> (plain + 1) : 0;
   }
 }
 
-std::size_t BrokenLine::PlaceOf(std::size_t index) const {
-  if (index == IndexSet::kNone) return 0;
+BrokenLine::Space BrokenLine::At(std::size_t index) const {
+  if (index == IndexSet::kNone) return {};
   std::size_t breaks = 0;
   for (std::size_t node = index / kWord; node > 0; node -= Span(node)) breaks += tree_[node];
-  const std::uint64_t inWord =
-      breaks_.Word(index / kWord) & ((std::uint64_t{1} << index % kWord) - 1);
-  return index + 1 + breaks + static_cast<std::size_t>(std::popcount(inWord));
+  const std::uint64_t before = (std::uint64_t{1} << index % kWord) - 1;
+  const int inWord = std::popcount(breaks_.Word(index / kWord) & before);
+  return {index + 1 + breaks + static_cast<std::size_t>(inWord), index};
 }

@@ -10,9 +10,16 @@ void RemoveCarriage(ToolContext& context) { RunLineTool(context, JoinLines); }
 void AddCarriage2(ToolContext& context) {
   const AddCarriageForm& settings = context.Tools.AddCarriageForm;
   const std::size_t position = BreakPosition(settings.Text1.Text.Get());
-  const auto breakLine = settings.Check1.Value == 1 ? BreakAtWords : BreakExactly;
-  RunTableTool(context, [position, breakLine](Lines& lines) {
-    for (std::size_t row = 1; row <= lines.Count(); ++row) breakLine(lines[row], position);
+  const bool atWords = settings.Check1.Value == 1;
+  RunTableTool(context, [position, atWords](LineSource& in, LineSink& out) {
+    WordBreaker words;
+    while (!in.AtEnd()) {
+      const StringView line = in.ReadLine();
+      if (atWords)
+        words.Break(line, position, out);
+      else
+        BreakExactly(line, position, out);
+    }
   });
 }
 

@@ -2,44 +2,56 @@
 
 #include "tools/capitalization.h"
 #include "tools/carriage_returns.h"
+#include "tools/character_repair.h"
+#include "tools/html_from.h"
+#include "tools/html_to.h"
 #include "tools/leading_characters.h"
 #include "tools/line_spacing.h"
 #include "tools/run_program.h"
+#include "tools/search_replace.h"
 
 namespace {
 
 using enum ToolGroup;
 
+constexpr bool kStreams = true;
+
 constexpr Tool kTools[] = {
     {CarriageReturns, u"Remove Trailing Carriage &Returns", u"Remove Trailing Carriage Returns",
-     RemoveCarriage},
+     RemoveCarriage, nullptr, kStreams},
     {CarriageReturns, u"Add Trailing Carriage Returns", u"Add Trailing Carriage Returns",
      AddCarriage2, LoadCarriageForm},
-    {Capitalization, u"All &Lower Case", u"All Lower Case", LowerCaseText},
-    {Capitalization, u"All &Upper Case", u"All Upper Case", UpperCaseText},
+    {Capitalization, u"All &Lower Case", u"All Lower Case", LowerCaseText, nullptr, kStreams},
+    {Capitalization, u"All &Upper Case", u"All Upper Case", UpperCaseText, nullptr, kStreams},
     {Capitalization, u"&Capitalize 1st Letter on Every Line",
-     u"Capitalize 1st Letter on Every Line", CapitalizeLines},
+     u"Capitalize 1st Letter on Every Line", CapitalizeLines, nullptr, kStreams},
     {Capitalization, u"Capitalize 1st Letter of Sentences", u"Capitalize 1st Letter of Sentences",
-     CapitalizeSentences},
+     CapitalizeSentences, nullptr, kStreams},
     {Capitalization, u"", u"Capitalize Custom Words", CapitalizeCustom},
-    {LineSpacing, u"Add Double Spacing", u"Add Double Spacing", AddDoubleSpc},
-    {LineSpacing, u"Remove Double Spacing", u"Remove Double Spacing", RemoveDoubleSpc},
+    {LineSpacing, u"Add Double Spacing", u"Add Double Spacing", AddDoubleSpc, nullptr, kStreams},
+    {LineSpacing, u"Remove Double Spacing", u"Remove Double Spacing", RemoveDoubleSpc, nullptr,
+     kStreams},
     {LineSpacing, u"Remove Blank Lines at Beginning and End of Text",
      u"Remove Blank Lines at Beginning and End of Text", RemoveBlankLines},
     {LineSpacing, u"Add Blank Line Before Indented Paragraph",
-     u"Add Blank Line Before Indented Paragraph", AddBlankParag},
+     u"Add Blank Line Before Indented Paragraph", AddBlankParag, nullptr, kStreams},
     {AlterCharacters, u"&Remove Leading \">\" signs", u"Remove Leading \">\" Signs",
-     RemoveLeadingSigns},
-    {AlterCharacters, u"Remove 1 Leading Space", u"Remove 1 Leading Space", RemoveOneSpace},
-    {AlterCharacters, u"Remove All Leading Spaces", u"Remove ALL Leading Spaces", RemoveALLSpace},
+     RemoveLeadingSigns, nullptr, kStreams},
+    {AlterCharacters, u"Remove 1 Leading Space", u"Remove 1 Leading Space", RemoveOneSpace, nullptr,
+     kStreams},
+    {AlterCharacters, u"Remove All Leading Spaces", u"Remove ALL Leading Spaces", RemoveALLSpace,
+     nullptr, kStreams},
     {AlterCharacters, u"Indent Paragraphs", u"Indent Paragraphs", IndentParag},
     {AlterCharacters, u"Fix Odd-Looking Characters (upper->lower ASCII)",
-     u"Fix Odd-Looking Characters (upper->lower ASCII)", nullptr},
-    {HtmlConversion, u"Convert to &HTML", u"Convert TO HTML", nullptr},
-    {HtmlConversion, u"Convert from HTML", u"Convert FROM HTML", nullptr},
-    {TopOfTools, u"Search and Replace", u"Search and Replace", nullptr},
-    {TopOfTools, u"Email Cleanup - Standard", u"Email Cleanup - Standard", nullptr},
-    {TopOfTools, u"Email Cleanup - Poem or List", u"Email Cleanup - Poem or List", nullptr},
+     u"Fix Odd-Looking Characters (upper->lower ASCII)", FixUpperASCII, FixUpperASCIIFromMenu},
+    {HtmlConversion, u"Convert to &HTML", u"Convert TO HTML", ConvertToHTML, LoadHTMLOptionForm},
+    {HtmlConversion, u"Convert from HTML", u"Convert FROM HTML", ConvertFROMHTML},
+    {TopOfTools, u"Search and Replace", u"Search and Replace", SearchReplace,
+     LoadSearchReplaceForm},
+    {TopOfTools, u"Email Cleanup - Standard", u"Email Cleanup - Standard", EmailCleanup,
+     EmailCleanupFromMenu},
+    {TopOfTools, u"Email Cleanup - Poem or List", u"Email Cleanup - Poem or List", EmailCleanupPoem,
+     EmailCleanupPoemFromMenu},
     {CustomAndBatchOnly, u"", u"Run Program", RunProgramAsSet},
 };
 

@@ -27,6 +27,9 @@ struct Tool {
   // What the menu entry does on the editor where that is more than Run: asks for settings first, or
   // keeps those of an inner tool.
   void (*Click)(ToolContext&) = nullptr;
+  // It takes a line at a time, and makes the same of a text on the editor and on a file: of one
+  // that isn't blank and ends in a line end.
+  bool Streams = false;
 };
 
 // An empty step of a custom tool or of the batch.

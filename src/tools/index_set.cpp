@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::size_t kBits = 64;
+constexpr std::size_t kBits = IndexSet::kWord;
 constexpr std::uint64_t kOne = 1;
 constexpr std::uint64_t kAll = ~std::uint64_t{0};
 
@@ -15,16 +15,27 @@ std::size_t Highest(std::uint64_t word) {
 
 }  // namespace
 
-IndexSet::IndexSet(std::size_t size) {
+void IndexSet::Start(std::size_t size) {
+  std::size_t level = 0;
   do {
     size = size / kBits + 1;
-    levels_.emplace_back(size);
+    if (level == levels_.size()) levels_.emplace_back();
+    levels_[level++].assign(size, 0);
   } while (size > 1);
+  levels_.resize(level);
 }
 
-void IndexSet::Insert(std::size_t index) {
-  for (auto& level : levels_) {
-    level[index / kBits] |= kOne << index % kBits;
+void IndexSet::SetWord(std::size_t word, std::uint64_t bits) {
+  levels_[0][word] = bits;
+  if (bits != 0 && levels_.size() > 1) SetBit(word, 1);
+}
+
+void IndexSet::SetBit(std::size_t index, std::size_t level) {
+  for (; level < levels_.size(); ++level) {
+    std::uint64_t& word = levels_[level][index / kBits];
+    const bool known = word != 0;
+    word |= kOne << index % kBits;
+    if (known) return;
     index /= kBits;
   }
 }

@@ -48,11 +48,14 @@ void RemoveOneSpace(ToolContext& context) { RunOnLines(context, WithoutSpace); }
 void RemoveALLSpace(ToolContext& context) { RunOnLines(context, WithoutSpaces); }
 
 void IndentParag(ToolContext& context) {
-  RunTableTool(context, [](Lines& lines) {
-    for (std::size_t row = 2; row <= lines.Count(); ++row) {
-      String& line = lines[row];
-      if (IsBlank(lines.At(row - 1)) && !IsBlank(line) && !IsIndented(line))
-        line.insert(0, 1, kTab);
+  RunTableTool(context, [](LineSource& in, LineSink& out) {
+    bool behindBlank = false;
+    while (!in.AtEnd()) {
+      const StringView line = in.ReadLine();
+      const bool blank = IsBlank(line);
+      if (behindBlank && !blank && !IsIndented(line)) out.Write(u"\t");
+      out.Print(line);
+      behindBlank = blank;
     }
   });
 }

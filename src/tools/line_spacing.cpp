@@ -40,6 +40,6 @@ void AddDoubleSpc(ToolContext& context) { RunLineTool(context, DoubleSpaces); }
 
 void RemoveDoubleSpc(ToolContext& context) { RunLineTool(context, DropBlankLines); }
 
-void RemoveBlankLines(ToolContext& context) { RunLineTool(context, DropBlankEnds); }
+void RemoveBlankLines(ToolContext& context) { RunTableTool(context, DropBlankEnds); }
 
 void AddBlankParag(ToolContext& context) { RunLineTool(context, SetOffIndentedLines); }

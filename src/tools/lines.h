@@ -1,10 +1,24 @@
 #pragma once
-// The table of a text's lines, for tools that look at more than one line at a time.
+// The table of a text's lines, for tools that look at more than one line at a time, and its bound.
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
 #include "tools/line_io.h"
+
+// Lines for a tool of the table that can do with one of them at a time: RuntimeError 9 at the line
+// that would not fit the table.
+class BoundedSource : public LineSource {
+ public:
+  explicit BoundedSource(LineSource& source) : source_(source) {}
+  bool AtEnd() const override { return source_.AtEnd(); }
+  StringView ReadLine() override;
+
+ private:
+  LineSource& source_;
+  std::size_t count_ = 0;
+};
 
 // Rows count from 1.
 class Lines {
@@ -24,10 +38,35 @@ class Lines {
   StringView At(std::size_t row) const {
     return row - 1 < rows_.size() ? StringView(rows_[row - 1]) : StringView();
   }
-  // Rows first to last; none when last is below first.
-  void PrintTo(LineSink& sink, std::size_t first, std::size_t last) const;
-  void PrintTo(LineSink& sink) const { PrintTo(sink, 1, Count()); }
+  void PrintTo(LineSink& sink) const;
 
  private:
+  friend class RowFilter;
   std::vector<String> rows_;
+};
+
+// Goes through the rows of a table and takes out those that are not kept, in linear time. The rows
+// not gone through stay.
+class RowFilter {
+ public:
+  explicit RowFilter(Lines& lines) : rows_(lines.rows_) {}
+  RowFilter(const RowFilter&) = delete;
+  RowFilter& operator=(const RowFilter&) = delete;
+  ~RowFilter();
+
+  // The next row; null behind the last one.
+  String* Next() { return next_ < rows_.size() ? &rows_[next_++] : nullptr; }
+  // Keeps the row that Next gave.
+  void Keep();
+  // The row that Next gave, for 0, and those behind it. Rows past the last one read as empty.
+  StringView Ahead(std::size_t rows) const {
+    return next_ - 1 + rows < rows_.size() ? StringView(rows_[next_ - 1 + rows]) : StringView();
+  }
+  // Takes out rows behind the one that Next gave.
+  void Drop(std::size_t rows) { next_ = std::min(next_ + rows, rows_.size()); }
+
+ private:
+  std::vector<String>& rows_;
+  std::size_t next_ = 0;
+  std::size_t kept_ = 0;
 };

@@ -85,10 +85,9 @@ bool RunLineTool(ToolContext& context, const LineWork& work, ToolScope scope) {
   return true;
 }
 
-bool RunTableTool(ToolContext& context, const std::function<void(Lines&)>& change) {
-  return RunLineTool(context, [&change](LineSource& in, LineSink& out) {
-    Lines lines(in);
-    change(lines);
-    lines.PrintTo(out);
+bool RunTableTool(ToolContext& context, const LineWork& work) {
+  return RunLineTool(context, [&work](LineSource& in, LineSink& out) {
+    BoundedSource lines(in);
+    work(lines, out);
   });
 }

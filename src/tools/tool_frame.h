@@ -30,8 +30,9 @@ enum class ToolScope { Selection, WholeText };
 bool RunLineTool(ToolContext& context, const LineWork& work,
                  ToolScope scope = ToolScope::Selection);
 
-// Runs a tool that changes the table of all lines.
-bool RunTableTool(ToolContext& context, const std::function<void(Lines&)>& change);
+// The same for a tool of the table of lines: a text of more lines than that holds fails with
+// RuntimeError 9.
+bool RunTableTool(ToolContext& context, const LineWork& work);
 
 // Keeps a copy of the editor's text in TempFile1 for the plain undo. Where it can't be written, no
 // older text stands there either.

@@ -4,6 +4,7 @@
 #include "tools/break_position.h"
 #include "tools/carriage_returns.h"
 #include "tools/random_text.h"
+#include "tools/text_lines.h"
 
 namespace {
 
@@ -78,7 +79,7 @@ String SlowWords(String line, std::size_t pos) {
   return line;
 }
 
-TEST(BreakAtWords, AgreesWithTheRuleStepByStep) {
+TEST(WordBreaker, AgreesWithTheRuleStepByStep) {
   constexpr StringView kTokens[] = {u" ",
                                     u" ",
                                     u"a",
@@ -88,12 +89,14 @@ TEST(BreakAtWords, AgreesWithTheRuleStepByStep) {
                                     u"eeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeeee",
                                     u"   "};
   RandomText random(1);
+  WordBreaker words;
   for (int i = 0; i < 20000; ++i) {
     const String line = random.Of(kTokens, i % 10 == 0 ? 300 : 30);
     const std::size_t position = 2 + random.Number(20);
-    String broken = line;
-    BreakAtWords(broken, position);
-    ASSERT_EQ(broken, SlowWords(line, position)) << ToUtf8(line) << " at " << position;
+    TextSink broken;
+    words.Break(line, position, broken);
+    ASSERT_EQ(broken.Text, SlowWords(line, position) + String(kCrLf))
+        << ToUtf8(line) << " at " << position;
   }
 }
 

@@ -6,6 +6,7 @@
 #include "platform/byte_file.h"
 #include "platform/console/file_attributes.h"
 #include "platform/console/scratch_file.h"
+#include "platform/console/signals.h"
 #include "platform/console/sys.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
@@ -103,11 +104,12 @@ void RewriteInPlace(int descriptor, const String& path, const Producer& produce)
   }
 }
 
-// Writes the whole new content into the scratch file and moves it over the target. False when the
-// system refuses that; the scratch file then holds the new content.
+// Moves the scratch file, once `write` has filled it, over the target. False when the system
+// refuses that; the scratch file then holds the new content.
 bool ReplaceByRename(ScratchFile& scratch, const String& target, std::optional<mode_t> mode,
-                     const Producer& produce) {
-  WriteAll(scratch.Get(), target, produce);
+                     const std::function<void()>& write) {
+  const RemovedOnSignal removed(scratch.Path());
+  write();
   struct stat made;
   sys::Check(fstat(scratch.Get(), &made), target);
   const bool otherMode = mode && (made.st_mode & 07777) != *mode;
@@ -124,34 +126,62 @@ bool ReplaceByRename(ScratchFile& scratch, const String& target, std::optional<m
   return true;
 }
 
+// How a file can be given new content.
+class Replacement {
+ public:
+  // Opens what is there.
+  explicit Replacement(const String& path) : target_(Resolve(path)) {
+    const String folder = FolderOf(target_);
+    if (sys::Stat(target_, status_) < 0) {
+      if (errno != ENOENT) sys::Throw(target_);
+      // The system gives this mode the folder's or the user's restrictions.
+      sys::Check(scratch_.Make(folder, kScratchPrefix, 0666), target_);
+      return;
+    }
+    // Opened first: a rename would pass over a missing permission to write.
+    old_.emplace(sys::OpenRegular(target_, O_WRONLY));
+    sys::Check(fstat(old_->Get(), &status_), target_);
+    if (status_.st_nlink != 1) return;
+    if (scratch_.Make(folder, kScratchPrefix, 0600) < 0) {
+      if (!IsRefusal(errno)) sys::Throw(target_);
+      return;
+    }
+    canRename_ = CarryOwnerAndAttributes(old_->Get(), status_, scratch_.Get());
+  }
+
+  bool ByRename() const { return !old_ || canRename_; }
+  void Rename(const std::function<void(ScratchFile&)>& write) {
+    std::optional<mode_t> mode;
+    if (old_) mode = status_.st_mode & 07777;
+    if (!ReplaceByRename(scratch_, target_, mode, [&] { write(scratch_); }))
+      RewriteInPlace(old_->Get(), target_, ContentOf(scratch_.Path()));
+  }
+  void Rewrite(const Producer& produce) { RewriteInPlace(old_->Get(), target_, produce); }
+  const String& Target() const { return target_; }
+
+ private:
+  static constexpr StringView kScratchPrefix = u".wordflurn-";
+
+  String target_;
+  struct stat status_ = {};
+  std::optional<sys::Descriptor> old_;
+  ScratchFile scratch_;
+  bool canRename_ = false;
+};
+
 }  // namespace
 
 void SetSpareFolder(const String& folder) { spareFolder = folder; }
 
 void SafeSave(const String& path, const Producer& produce) {
-  constexpr StringView kScratchPrefix = u".wordflurn-";
-  const String target = Resolve(path);
-  const String folder = FolderOf(target);
-  ScratchFile scratch;
-  struct stat status;
-  if (sys::Stat(target, status) < 0) {
-    if (errno != ENOENT) sys::Throw(target);
-    // The system gives this mode the folder's or the user's restrictions.
-    sys::Check(scratch.Make(folder, kScratchPrefix, 0666), target);
-    ReplaceByRename(scratch, target, std::nullopt, produce);
-    return;
-  }
-  // Opened first: a rename would pass over a missing permission to write.
-  const sys::Descriptor old(sys::OpenRegular(target, O_WRONLY));
-  sys::Check(fstat(old.Get(), &status), target);
-  if (status.st_nlink == 1) {
-    if (scratch.Make(folder, kScratchPrefix, 0600) < 0) {
-      if (!IsRefusal(errno)) sys::Throw(target);
-    } else if (CarryOwnerAndAttributes(old.Get(), status, scratch.Get())) {
-      if (!ReplaceByRename(scratch, target, status.st_mode & 07777, produce))
-        RewriteInPlace(old.Get(), target, ContentOf(scratch.Path()));
-      return;
-    }
-  }
-  RewriteInPlace(old.Get(), target, produce);
+  Replacement file(path);
+  if (!file.ByRename()) return file.Rewrite(produce);
+  file.Rename([&](ScratchFile& scratch) { WriteAll(scratch.Get(), file.Target(), produce); });
+}
+
+bool SafeReplace(const String& path, const std::function<void(const String& scratch)>& write) {
+  Replacement file(path);
+  if (!file.ByRename()) return false;
+  file.Rename([&](ScratchFile& scratch) { write(scratch.Path()); });
+  return true;
 }

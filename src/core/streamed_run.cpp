@@ -1,0 +1,102 @@
+#include "core/streamed_run.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/byte_file.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "platform/safe_save.h"
+#include "tools/catalogue.h"
+#include "tools/file_chain.h"
+
+namespace {
+
+// Below this the editor is as quick.
+constexpr std::uint64_t kLargeFile = 1024 * 1024;
+
+// The tools of the chain; empty when one of them needs the editor.
+std::vector<const Tool*> StreamingSteps(const CustomTool& custom) {
+  std::vector<const Tool*> steps;
+  for (std::size_t step = 1; step <= kMostSteps; ++step) {
+    const Tool* tool = FindTool(custom.StepNames[step]);
+    if (tool == nullptr) continue;
+    if (!tool->Streams) return {};
+    steps.push_back(tool);
+  }
+  return steps;
+}
+
+// Whether the file may be one of those that the editor shows locked.
+bool MayBeEncrypted(const String& file) {
+  constexpr std::string_view kMarkerStart = "**This file has been encrypted with";
+  bool found = false;
+  std::string overlap;
+  InputFile(file).ReadRest([&](std::string_view bytes) {
+    overlap += bytes.substr(0, kMarkerStart.size());
+    found = found || overlap.find(kMarkerStart) != std::string::npos ||
+            bytes.find(kMarkerStart) != std::string_view::npos;
+    overlap = bytes.substr(bytes.size() - std::min(bytes.size(), kMarkerStart.size()));
+  });
+  return found;
+}
+
+// Whether the editor would give the text back in another shape than a stream does.
+bool IsOddFormat(const TextFormat& format) {
+  return format.HasCr || format.Encoding == Encoding::Utf16Le ||
+         format.Encoding == Encoding::Utf16Be;
+}
+
+// The last line has no end, and not all tools would give it one on the editor.
+struct NoLastLineEnd {};
+
+void RunStep(ToolContext& context, const Tool& tool) {
+  tool.Run(context);
+  if (!context.Fields.InputFileNum->LastLineEnded()) throw NoLastLineEnd();
+}
+
+// The stand-ins of a batch for the length of the run.
+class FilePath {
+ public:
+  explicit FilePath(SharedFields& fields) : fields_(fields), result_(fields.TempFile1) {
+    fields_.BatchMode = true;
+  }
+  FilePath(const FilePath&) = delete;
+  FilePath& operator=(const FilePath&) = delete;
+  ~FilePath() {
+    fields_.BatchMode = false;
+    fields_.TempFile1 = result_;
+    fields_.InputFileNum.reset();
+    fields_.OutputFileNum.reset();
+  }
+
+ private:
+  SharedFields& fields_;
+  String result_;
+};
+
+}  // namespace
+
+bool RunStreamed(ToolContext& context, const CustomTool& custom, const String& file,
+                 const String& target) {
+  SharedFields& fields = context.Fields;
+  const std::vector<const Tool*> steps = StreamingSteps(custom);
+  if (steps.empty() || InputFile(file).Size() < kLargeFile || MayBeEncrypted(file)) return false;
+  const FilePath filePath(fields);
+  fields.InputFileNum = std::make_unique<TextReader>(file);
+  if (IsOddFormat(fields.InputFileNum->Format())) return false;
+  try {
+    for (std::size_t i = 0; i + 1 < steps.size(); ++i) {
+      RunStep(context, *steps[i]);
+      // The editor would not go on with a text that has become blank.
+      if (InputFile(fields.TempFile1).Size() < kLargeFile) return false;
+      ChainStep(fields);
+    }
+    return SafeReplace(target, [&](const String& scratch) {
+      fields.TempFile1 = scratch;
+      RunStep(context, *steps.back());
+    });
+  } catch (const NoLastLineEnd&) {
+    return false;
+  }
+}

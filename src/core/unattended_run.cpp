@@ -1,0 +1,121 @@
+#include "core/unattended_run.h"
+
+#include <iostream>
+
+#include "core/change_case.h"
+#include "core/command_line.h"
+#include "core/data_files.h"
+#include "core/streamed_run.h"
+#include "custom/custom_tool_record.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "tools/character_repair.h"
+
+namespace {
+
+constexpr StringView kError = u"Error";
+constexpr StringView kProduct = u"WordFlurn 2.0";
+
+// The cleaned text is left on the clipboard.
+void CleanClipboard(ChangeCase& app, void (*clean)(ToolContext&)) {
+  app.Caption = String(kProduct);
+  app.Fields.TextChanged = app.Fields.FileSaved = app.Fields.HasFileName = false;
+  ToolContext context = app.Context();
+  // Whatever else is on the clipboard stays there.
+  if (!context.Windows.Clipboard().HasText()) return;
+  app.Edit.PasteText();
+  context.Windows.DoEvents();
+  clean(context);
+  context.Windows.DoEvents();
+  app.Edit.SelectAll();
+  app.Edit.CopyText();
+  context.Windows.DoEvents();
+}
+
+// 0 when no tool has this name.
+int FindCustomTool(const ChangeCase& app, StringView name) {
+  for (const auto& [number, stored] : app.CustomToolNames) {
+    if (UCase(Trim(stored)) == UCase(name)) return number;
+  }
+  return 0;
+}
+
+// The path with another ending of the file's name, where that has one.
+String AsHtmlFile(const String& path) {
+  const String folder = path.substr(0, path.size() - FileNameOf(path).size());
+  const StringView name = FileNameOf(path);
+  const std::size_t dot = name.rfind(u'.');
+  return dot == StringView::npos ? path : folder + String(name.substr(0, dot)) + u".html";
+}
+
+// Where the result goes.
+String TargetOf(const String& file, const SharedFields& fields, bool asHtml) {
+  String path = asHtml ? AsHtmlFile(file) : file;
+  const String name = fields.AddPrefix + String(FileNameOf(path));
+  if (!fields.SaveToLocation.empty()) return JoinPath(fields.SaveToLocation, name);
+  return path.substr(0, path.size() - FileNameOf(path).size()) + name;
+}
+
+// False where the tool has to run on the editor.
+bool RunStreamed(ChangeCase& app, int number, const String& file, const String& target) {
+  CustomTool tool;
+  try {
+    ReadRecord(ReadDataFile(app.Fields.CustomToolFile), number, tool);
+  } catch (const RuntimeError&) {
+    return false;
+  }
+  ToolContext context = app.Context();
+  const bool done = RunStreamed(context, tool, file, target);
+  DeleteTemporaryFiles(app.Fields);
+  return done;
+}
+
+int RunOnFile(ChangeCase& app, std::size_t autoPlace) {
+  SharedFields& fields = app.Fields;
+  const StringView line = fields.CommandLine;
+  if (autoPlace < 2) {
+    throw RefusedCommandLine{String(kError), u"Invalid Command Line - you must put filename first"};
+  }
+  fields.NoHtmlHeaderFooter = HasSwitch(line, u"/NOHTMLHEADERFOOTER");
+  const String prefix = SwitchValue(line, u"/ADDPREFIX:");
+  fields.AddPrefix = prefix.substr(0, prefix.find(u' '));
+  fields.SaveToLocation = SwitchValue(line, u"/SAVETOLOCATION:");
+  const String name = SwitchValue(line, u"/AUTO:");
+  const String file = AbsolutePath(FileArgument(line));
+  const String target = TargetOf(file, fields, HasSwitch(line, u"/SAVEASHTMLFILE"));
+  const int number = FindCustomTool(app, name);
+  if (number != 0 && RunStreamed(app, number, file, target)) return 0;
+  app.Document.OpenNamed(file);
+  if (app.RichTextBox1.Locked)
+    throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
+  if (number != 0)
+    app.RunCustomTool(number);
+  else
+    std::cerr << "wordflurn: there is no custom tool named \"" << ToUtf8(name) << "\"\n";
+  app.RichTextBox1.SaveFile(target, fields.DocumentFormat);
+  fields.FileSaved = true;
+  DeleteTemporaryFiles(fields);
+  return number != 0 ? 0 : 1;
+}
+
+}  // namespace
+
+bool WantsNoWindow(StringView commandLine) {
+  if (HasSwitch(commandLine, u"/EMAILSTD") || HasSwitch(commandLine, u"/EMAILPOEM")) return false;
+  return HasSwitch(commandLine, u"/AUTO:") || HasSwitch(commandLine, u"/MFF");
+}
+
+bool RunUnattended(ChangeCase& app, int& status) {
+  const StringView line = app.Fields.CommandLine;
+  status = 0;
+  if (HasSwitch(line, u"/EMAILSTD")) return CleanClipboard(app, EmailCleanupFromMenu), true;
+  if (HasSwitch(line, u"/EMAILPOEM")) return CleanClipboard(app, EmailCleanupPoemFromMenu), true;
+  if (HasSwitch(line, u"/MFF")) {
+    throw RefusedCommandLine{String(kError),
+                             u"This version of WordFlurn cannot run a Multiple File Flurn yet."};
+  }
+  const auto autoPlace = FindSwitch(line, u"/AUTO:");
+  if (!autoPlace) return false;
+  status = RunOnFile(app, *autoPlace);
+  return true;
+}

@@ -1,0 +1,105 @@
+#include "custom/custom_tool_store.h"
+
+#include <algorithm>
+
+#include "custom/custom_tool_record.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "platform/text_file.h"
+
+namespace {
+
+using FileLines = std::vector<String>;
+
+[[noreturn]] void ThrowMissing(const String& path, int number) {
+  throw RuntimeError(kInvalidCall, ToUtf8(path) + ": custom tool " + std::to_string(number) +
+                                       " is not where it should be; the file was not changed");
+}
+
+// A record is found by any line that holds its key.
+std::size_t FindRecord(const FileLines& lines, const String& path, int number) {
+  const String key = RecordKey(number);
+  const auto place = std::find_if(lines.begin(), lines.end(),
+                                  [&](const String& line) { return Contains(line, key); });
+  if (place == lines.end()) ThrowMissing(path, number);
+  return static_cast<std::size_t>(place - lines.begin());
+}
+
+// The record behind one by a line that is its key.
+std::size_t FindNextRecord(const FileLines& lines, const String& path, std::size_t from,
+                           int number) {
+  const auto place =
+      std::find(lines.begin() + static_cast<std::ptrdiff_t>(from), lines.end(), RecordKey(number));
+  if (place == lines.end()) ThrowMissing(path, number);
+  return static_cast<std::size_t>(place - lines.begin());
+}
+
+// The character counts as 0 where it is no digit.
+void LowerNumberAt(String& line, std::size_t index) {
+  const char16_t digit = line[index];
+  const int value = digit >= u'0' && digit <= u'9' ? digit - u'0' : 0;
+  line.replace(index, 1, Str(value - 1));
+}
+
+// The lines that carry the number of their tool. Index: of its digit.
+void Renumber(String& line) {
+  constexpr struct {
+    StringView Start;
+    std::size_t Index;
+    bool Hyphen;  // must stand behind the digit
+  } kNumbered[] = {
+      {u"Search", 6, true},
+      {u"Add", 3, true},
+      {u"HTML", 4, true},
+      {u"RunProgram", 10, true},
+      {u"Custom Tool #", 13, false},
+  };
+  for (int number = 2; number <= kMostCustomTools; ++number) {
+    if (line == RecordKey(number)) {
+      line = RecordKey(number - 1);
+      return;
+    }
+  }
+  for (const auto& [start, index, hyphen] : kNumbered) {
+    if (!line.starts_with(start) || index >= line.size()) continue;
+    if (hyphen && (index + 1 >= line.size() || line[index + 1] != u'-')) continue;
+    return LowerNumberAt(line, index);
+  }
+}
+
+void Append(FileLines& lines, const FileLines& more, std::size_t from = 0) {
+  lines.insert(lines.end(), more.begin() + static_cast<std::ptrdiff_t>(from), more.end());
+}
+
+}  // namespace
+
+void AppendCustomTool(const String& path, const CustomTool& tool, int count) {
+  FileLines lines;
+  if (FileExists(path)) lines = ReadDataFile(path);
+  Append(lines, RecordLines(tool, count + 1));
+  WriteDataFile(path, lines);
+}
+
+void ReplaceCustomTool(const String& path, const CustomTool& tool, int number, int count) {
+  const FileLines old = ReadDataFile(path);
+  const std::size_t begin = FindRecord(old, path, number);
+  FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));
+  Append(lines, RecordLines(tool, number));
+  if (number != count) Append(lines, old, FindNextRecord(old, path, begin + 1, number + 1));
+  WriteDataFile(path, lines);
+}
+
+void DeleteCustomTool(const String& path, int number, int count) {
+  const FileLines old = ReadDataFile(path);
+  const std::size_t begin = FindRecord(old, path, number);
+  if (count == 1) return DeleteFile(path);
+  FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));
+  if (number != count) {
+    const std::size_t next = FindNextRecord(old, path, begin + 1, number + 1);
+    const std::size_t behind = lines.size();
+    Append(lines, old, next);
+    for (std::size_t i = behind; i < lines.size(); ++i) Renumber(lines[i]);
+    lines[behind] = RecordKey(number);
+  }
+  WriteDataFile(path, lines);
+}

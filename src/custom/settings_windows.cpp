@@ -1,0 +1,52 @@
+#include "custom/settings_windows.h"
+
+AddSettings SettingsIn(const AddCarriageForm& form) {
+  return {.Position = form.Text1.Text, .Nearest = form.Check1.Value};
+}
+
+SearchReplaceSettings SettingsIn(const SearchReplaceForm& form) {
+  return {.SearchText = form.Text1.Text,
+          .ReplaceText = form.Text2.Text,
+          .CodeMode = form.Check1.Value,
+          .WholeWord = form.Check2.Value,
+          .MatchCase = form.Check3.Value};
+}
+
+HtmlSettings SettingsIn(const HTML& form) {
+  return {.HeaderFile = form.Text1.Text,
+          .FooterFile = form.Text2.Text,
+          .UseBr = form.Check1.Value,
+          .NoTitle = form.Check2.Value};
+}
+
+void Put(const AddSettings& settings, AddCarriageForm& form) {
+  form.Text1.Text = settings.Position;
+  form.Check1.Value = settings.Nearest;
+}
+
+void Put(const SearchReplaceSettings& settings, SearchReplaceForm& form) {
+  form.Text1.Text = settings.SearchText;
+  form.Text2.Text = settings.ReplaceText;
+  form.Check1.Value = settings.CodeMode;
+  form.Check2.Value = settings.WholeWord;
+  form.Check3.Value = settings.MatchCase;
+}
+
+void Put(const HtmlSettings& settings, HTML& form) {
+  form.Text1.Text = settings.HeaderFile;
+  form.Text2.Text = settings.FooterFile;
+  form.Check1.Value = settings.UseBr;
+  form.Check2.Value = settings.NoTitle;
+}
+
+KeptSettings::KeptSettings(ToolState& tools)
+    : tools_(tools),
+      add_(SettingsIn(tools.AddCarriageForm)),
+      search_(SettingsIn(tools.SearchReplaceForm)),
+      html_(SettingsIn(tools.HTML)) {}
+
+KeptSettings::~KeptSettings() {
+  Put(add_, tools_.AddCarriageForm);
+  Put(search_, tools_.SearchReplaceForm);
+  Put(html_, tools_.HTML);
+}

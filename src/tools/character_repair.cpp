@@ -1,0 +1,78 @@
+#include "tools/character_repair.h"
+
+#include "tools/carriage_returns.h"
+#include "tools/file_chain.h"
+#include "tools/leading_characters.h"
+#include "tools/line_spacing.h"
+#include "tools/search_replace.h"
+#include "tools/tool_frame.h"
+
+namespace {
+
+// By character codes.
+struct Repair {
+  StringView SearchFor;
+  StringView ReplaceWith;
+};
+
+constexpr Repair kRepairs[] = {
+    {u"147<OR>148", u"34"},  // double quotation marks
+    {u"145<OR>146", u"39"},  // single quotation marks
+    {u"133", u"46 46 46"},   // ellipsis
+    {u"150", u"45"},         // en dash
+    {u"151", u"32 45 32"},   // em dash
+};
+
+using Step = void (*)(ToolContext&);
+
+void Clean(ToolContext& context, std::initializer_list<Step> steps) {
+  for (const Step step : steps) {
+    step(context);
+    ChainStep(context.Fields);
+  }
+  FixUpperASCII(context);
+}
+
+void RunKeeping(ToolContext& context, Step tool) {
+  const auto text = context.RichTextBox1.SharedText();
+  if (IsBlank(*text)) return;
+  SearchReplaceForm& form = context.Tools.SearchReplaceForm;
+  const SearchSettings settings = form.Settings();
+  context.Fields.CustomToolRunning = true;
+  const auto restore = [&] {
+    KeepForUndo(context.Fields, *text);
+    form.Use(settings);
+    context.Fields.CustomToolRunning = false;
+  };
+  try {
+    tool(context);
+  } catch (...) {
+    restore();
+    throw;
+  }
+  restore();
+}
+
+}  // namespace
+
+void FixUpperASCII(ToolContext& context) {
+  for (const Repair& repair : kRepairs) {
+    if (&repair != kRepairs) ChainStep(context.Fields);
+    context.Tools.SearchReplaceForm.Use({.SearchFor = String(repair.SearchFor),
+                                         .ReplaceWith = String(repair.ReplaceWith),
+                                         .ByCodes = true});
+    SearchReplace(context);
+  }
+}
+
+void EmailCleanup(ToolContext& context) {
+  Clean(context, {RemoveLeadingSigns, RemoveBlankLines, RemoveALLSpace, RemoveCarriage});
+}
+
+void EmailCleanupPoem(ToolContext& context) {
+  Clean(context, {RemoveLeadingSigns, RemoveBlankLines, RemoveALLSpace});
+}
+
+void FixUpperASCIIFromMenu(ToolContext& context) { RunKeeping(context, FixUpperASCII); }
+void EmailCleanupFromMenu(ToolContext& context) { RunKeeping(context, EmailCleanup); }
+void EmailCleanupPoemFromMenu(ToolContext& context) { RunKeeping(context, EmailCleanupPoem); }

@@ -1,0 +1,102 @@
+#include "tools/html_form.h"
+
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "platform/window_system.h"
+
+namespace {
+
+constexpr StringView kDefault = u"Default";
+
+}  // namespace
+
+bool IsDefaultPart(StringView file) { return file == kDefault || IsBlank(file); }
+
+HTML::HTML(WindowSystem& windows, Messages& messages)
+    : Form(windows), messages_(messages), dialog_(windows.CreateCommonDialog()) {
+  Caption = u"Convert to HTML Settings";
+  Label1.Caption =
+      u"If you have a website and you want to convert using specific header/footer information, "
+      u"copy your header code into an ASCII text file and your footer code into an ASCII text file "
+      u"and use those files below.  When the text is converted, the default headers/footers will "
+      u"be bypassed (except to set the title as the first line of the text) and your code will be "
+      u"used for the headers and footers instead.";
+  Label2.Caption = u"Header File: ";
+  Label3.Caption = u"Footer File: ";
+  Label4.Caption =
+      u"The \"Use <BR> for every line\" option always puts a <BR> tag when it encounters a "
+      u"carriage "
+      u"return (on lines subsequent to the <P> tag).  This is most useful when converting poems or "
+      u"lists of items.  Using this option will not harm the conversion of non-poems/lists.";
+  Label1.WordWrap = Label4.WordWrap = true;
+  for (TextBox* box : {&Text1, &Text2}) {
+    box->Text = String(kDefault);
+    box->OnClick = [box] { box->SelectAll(); };
+  }
+  Check1.Caption = u"&Use <BR> for every line";
+  Check2.Caption = u"Don't &set a title";
+  Command1.Caption = u"&OK";
+  Command1.Default = true;
+  Command1.OnClick = [this] { Ok(); };
+  Command2.Caption = u"C&ancel";
+  Command2.Cancel = true;
+  Command2.OnClick = [this] {
+    Cancelled = true;
+    Hide();
+  };
+  Command3.Caption = u"&Browse";
+  Command3.OnClick = [this] { Browse(Text1); };
+  Command4.Caption = u"B&rowse";
+  Command4.OnClick = [this] { Browse(Text2); };
+  Command5.Caption = u"Use &Default";
+  Command5.OnClick = [this] { Text1.Text = String(kDefault); };
+  Command6.Caption = u"Use D&efault";
+  Command6.OnClick = [this] { Text2.Text = String(kDefault); };
+  Columns = 80;
+}
+
+Layout HTML::Content() {
+  return Column({Label1,
+                 Grid(4, {Label2, Text1, Command3, Command5, Label3, Text2, Command4, Command6}),
+                 Label4, Check1, Check2, Row({Stretch(), Command1, Command2, Stretch()})});
+}
+
+String HTML::AnswerUnattended() {
+  Cancelled = false;
+  Hide();
+  return {};
+}
+
+void HTML::Browse(TextBox& box) {
+  dialog_->DialogTitle = u"Browse";
+  dialog_->Filter =
+      u"All Files (*.*)|*.*|Text Files (*.txt)|*.txt|HTML Files (*.html;*.htm)|*.html;*.htm";
+  dialog_->FilterIndex = 1;
+  try {
+    dialog_->ShowOpen();
+  } catch (const RuntimeError&) {
+    return;
+  }
+  if (!dialog_->FileName.empty()) box.Text = dialog_->FileName;
+}
+
+bool HTML::CanRead(const TextBox& box, StringView complaint) {
+  if (IsDefaultPart(box.Text.Get())) return true;
+  try {
+    TestReadable(box.Text);
+    return true;
+  } catch (const RuntimeError&) {
+    messages_.Notice(complaint);
+    return false;
+  }
+}
+
+void HTML::Ok() {
+  Cancelled = false;
+  if (CanRead(Text1,
+              u"The filename for the header file is invalid OR the file cannot be accessed.") &&
+      CanRead(Text2,
+              u"The filename for the footer file is invalid OR the file cannot be accessed.")) {
+    Hide();
+  }
+}

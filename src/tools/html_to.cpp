@@ -1,0 +1,66 @@
+#include "tools/html_to.h"
+
+#include "platform/runtime_error.h"
+#include "tools/html_page.h"
+#include "tools/tool_frame.h"
+
+namespace {
+
+std::optional<std::vector<String>> ReadPart(const String& file) {
+  if (IsDefaultPart(file)) return std::nullopt;
+  try {
+    return ReadDataFile(file);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(kFileNotFound,
+                       "The header or footer file cannot be read: " + std::string(error.what()));
+  }
+}
+
+HtmlPageSettings SettingsFor(const ToolContext& context) {
+  const HTML& form = context.Tools.HTML;
+  HtmlPageSettings settings;
+  settings.BreakLines = form.Check1.Value == 1;
+  settings.NoTitle = form.Check2.Value == 1;
+  settings.NoFrame = context.Fields.NoHtmlHeaderFooter;
+  if (settings.NoFrame) return settings;
+  settings.Header = ReadPart(form.Text1.Text);
+  settings.Footer = ReadPart(form.Text2.Text);
+  return settings;
+}
+
+}  // namespace
+
+void ConvertToHTML(ToolContext& context) {
+  // The file as it is, wherever it was read to.
+  if (context.Fields.BatchMode) context.Fields.InputFileNum->Rewind();
+  RunLineTool(
+      context,
+      [&context](LineSource& in, LineSink& out) {
+        HtmlPageSettings settings = SettingsFor(context);
+        Lines lines(in);
+        PrintHtmlPage(lines, std::move(settings), out);
+      },
+      ToolScope::WholeText);
+}
+
+void LoadHTMLOptionForm(ToolContext& context) {
+  if (IsBlank(*context.RichTextBox1.SharedText())) return;
+  HTML& form = context.Tools.HTML;
+  const SharedFields& fields = context.Fields;
+  if (!IsBlank(fields.DefaultHeaderFile)) form.Text1.Text = fields.DefaultHeaderFile;
+  if (!IsBlank(fields.DefaultFooterFile)) form.Text2.Text = fields.DefaultFooterFile;
+  const String header = form.Text1.Text;
+  const String footer = form.Text2.Text;
+  const int breakLines = form.Check1.Value;
+  const int noTitle = form.Check2.Value;
+  form.ShowModal();
+  if (form.Cancelled) {
+    form.Text1.Text = header;
+    form.Text2.Text = footer;
+    form.Check1.Value = breakLines;
+    form.Check2.Value = noTitle;
+    context.Fields.ToolUndoPending = false;
+    return;
+  }
+  ConvertToHTML(context);
+}

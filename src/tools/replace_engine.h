@@ -1,0 +1,18 @@
+#pragma once
+// Search and Replace over the lines of a text.
+
+#include <functional>
+
+#include "tools/line_replacer.h"
+#include "tools/lines.h"
+
+// Tells of settings that can't be used, by the code of the error and the message for a person. It
+// may throw to end the run.
+using SettingsProblem = std::function<void(int code, StringView message)>;
+
+// Runs the alternatives of the settings one after the other over all lines, counting the
+// replacements anew. An alternative that can't be used is told of and passed over; an empty one
+// makes all of them void. RuntimeError 9 for too many alternatives or returns, 6 for too many
+// replacements: the lines are then half changed.
+void ReplaceInLines(Lines& lines, const SearchSettings& settings, ReplaceState& state,
+                    const SettingsProblem& tell);

@@ -1,0 +1,37 @@
+#include "tools/search_replace.h"
+
+#include "platform/runtime_error.h"
+#include "tools/replace_engine.h"
+#include "tools/tool_frame.h"
+
+void SearchReplace(ToolContext& context) {
+  const SearchSettings settings = context.Tools.SearchReplaceForm.Settings();
+  ReplaceState& state = context.Tools.Replacing;
+  state.ReplaceCount = 0;
+  const SettingsProblem tell = [&context](int code, StringView message) {
+    if (context.Fields.BatchMode) throw RuntimeError(code, ToUtf8(message));
+    context.Messages.Notice(message);
+  };
+  const bool done = RunLineTool(context, [&](LineSource& in, LineSink& out) {
+    Lines lines(in);
+    ReplaceInLines(lines, settings, state, tell);
+    lines.PrintTo(out);
+  });
+  if (!done) state.ReplaceCount = 0;
+  if (context.Fields.BatchMode || context.Fields.CustomToolRunning) return;
+  context.Tools.ReplaceFoundNum.ReplaceCount = state.ReplaceCount;
+  context.Tools.ReplaceFoundNum.ShowModal();
+}
+
+void LoadSearchReplaceForm(ToolContext& context) {
+  if (IsBlank(*context.RichTextBox1.SharedText())) return;
+  SearchReplaceForm& form = context.Tools.SearchReplaceForm;
+  const SearchSettings settings = form.Settings();
+  form.ShowModal();
+  if (form.Cancelled) {
+    form.Use(settings);
+    context.Fields.ToolUndoPending = false;
+    return;
+  }
+  SearchReplace(context);
+}

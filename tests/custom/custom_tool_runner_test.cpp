@@ -1,0 +1,224 @@
+#include "custom/custom_tool_runner.h"
+
+#include "custom/custom_tool_record.h"
+#include "platform/runtime_error.h"
+#include "support/app_fixture.h"
+
+namespace {
+
+// A tool with these steps, of which the tests set what they need.
+CustomTool WithSteps(std::initializer_list<StringView> names) {
+  CustomTool tool;
+  tool.Name = u"chain";
+  std::size_t step = 0;
+  for (const StringView name : names) tool.StepNames[++step] = name;
+  while (step < kMostSteps) tool.StepNames[++step] = u"None Selected";
+  return tool;
+}
+
+class CustomToolRunnerTest : public AppTest {
+ protected:
+  // Starts the program with these tools as custom tools 1 and on.
+  void StartWith(const std::vector<CustomTool>& tools) {
+    std::vector<String> lines;
+    int number = 0;
+    for (const CustomTool& tool : tools) {
+      for (String& line : RecordLines(tool, ++number)) lines.push_back(std::move(line));
+    }
+    WriteDataFile(Data / u"FLURNCUS.DAT", lines);
+    Start();
+  }
+  // What the menu entry of custom tool 1 makes of a text.
+  String Run(StringView text) {
+    App().RichTextBox1.SetText(text);
+    App().Menu.CustMenus[0].Click();
+    return App().RichTextBox1.Text();
+  }
+  String RunOnFile(const std::string& bytes) {
+    SharedFields& fields = App().Fields;
+    fields.BatchMode = true;
+    fields.BatchCurrentFile = Files.Put(u"file.txt", bytes);
+    fields.InputFileNum = std::make_unique<TextReader>(fields.BatchCurrentFile);
+    const auto end = [&] {
+      fields.BatchMode = false;
+      fields.InputFileNum.reset();
+      fields.OutputFileNum.reset();
+    };
+    ToolContext context = App().Context();
+    try {
+      App().CustomTools.Run(context, 1);
+    } catch (...) {
+      end();
+      throw;
+    }
+    end();
+    EXPECT_EQ(BytesOf(fields.BatchCurrentFile), bytes) << "the file waits for the driver";
+    return ReadTextFile(fields.TempFile1).Text;
+  }
+};
+
+TEST_F(CustomToolRunnerTest, RunsItsStepsInOrderAsOneStepOfUndo) {
+  CustomTool tool =
+      WithSteps({u"Remove Leading \">\" Signs", u"None Selected", u"Search and Replace",
+                 u"no tool at all", u"Add Trailing Carriage Returns"});
+  tool.StepSearch[3] = {.SearchText = u"a b", .ReplaceText = u"x\r\ny", .MatchCase = 1};
+  tool.StepAdd[5] = {u"6", 0, 0};
+  StartWith({tool});
+  SearchReplaceForm& search = App().Tools.SearchReplaceForm;
+  search.Text1.Text = u"mine";
+  App().Tools.AddCarriageForm.Text1.Text = u"99";
+  const String text = u">a b\r\n> 123456";
+  EXPECT_EQ(Run(text), u"x\r\ny\r\n 1234\r\n56\r\n");
+  EXPECT_EQ(search.Text1.Text.Get(), u"mine");
+  EXPECT_EQ(App().Tools.AddCarriageForm.Text1.Text.Get(), u"99");
+  EXPECT_EQ(App().Tools.AddCarriageForm.Check1.Value, 1);
+  EXPECT_FALSE(App().Fields.CustomToolRunning);
+  EXPECT_EQ(ReadWorkFile(App().Fields.TempFile1), text);
+  App().Menu.UndoEditMenu.Click();
+  EXPECT_EQ(App().RichTextBox1.Text(), text);
+  EXPECT_EQ(RunOnFile(">a b\r\n> 123456"), u"x\r\ny\r\n 1234\r\n56\r\n");
+}
+
+TEST_F(CustomToolRunnerTest, EveryStepNameRuns) {
+  struct Case {
+    StringView Step;
+    StringView Text;
+    StringView Result;
+  };
+  const Case cases[] = {
+      {u"Remove Trailing Carriage Returns", u"a\r\nb", u"a b \r\n"},
+      {u"Add Trailing Carriage Returns", u"ab", u"ab\r\n"},
+      {u"All Lower Case", u"AB", u"ab"},
+      {u"All Upper Case", u"ab", u"AB"},
+      {u"Capitalize 1st Letter on Every Line", u"ab", u"Ab\r\n"},
+      {u"Capitalize 1st Letter of Sentences", u"ab", u"Ab\r\n"},
+      {u"Capitalize Custom Words", u"ab", u"ab"},
+      {u"Add Double Spacing", u"a\r\nb", u"a\r\n\r\nb\r\n"},
+      {u"Remove Double Spacing", u"a\r\n\r\nb", u"a\r\nb\r\n"},
+      {u"Remove Blank Lines at Beginning and End of Text", u"\r\na\r\n", u"a\r\n"},
+      {u"Add Blank Line Before Indented Paragraph", u"a\r\n\tb", u"a\r\n\r\n\tb\r\n"},
+      {u"Remove Leading \">\" Signs", u">a", u"a\r\n"},
+      {u"Remove 1 Leading Space", u"  a", u" a\r\n"},
+      {u"Remove ALL Leading Spaces", u"  a", u"a\r\n"},
+      {u"Indent Paragraphs", u"\r\na", u"\r\n\ta\r\n"},
+      {u"Fix Odd-Looking Characters (upper->lower ASCII)", u"\u2026", u"...\r\n"},
+      {u"Convert TO HTML", u"T\r\na",
+       u"<HTML>\r\n<HEAD>\r\n<TITLE>T</TITLE>\r\n</HEAD>\r\n<BODY>\r\n<B><U>T</U></B>\r\na\r\n"
+       u"<P>\r\n</BODY>\r\n</HTML>\r\n"},
+      {u"Convert FROM HTML", u"<BODY>\r\na<B>b</B>", u"ab\r\n"},
+      {u"Search and Replace", u"ab", u"xb\r\n"},
+      {u"Email Cleanup - Standard", u"> a\r\n> b", u"a b \r\n"},
+      {u"Email Cleanup - Poem or List", u"> a\r\n> b", u"a\r\nb\r\n"},
+      {u"None Selected", u"ab", u"ab"},
+  };
+  StartWith({WithSteps({})});
+  for (const Case& c : cases) {
+    SCOPED_TRACE(ToUtf8(c.Step));
+    CustomTool tool = WithSteps({c.Step});
+    tool.StepSearch[1] = {.SearchText = u"a", .ReplaceText = u"x"};
+    WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(tool, 1));
+    EXPECT_EQ(Run(c.Text), c.Result);
+  }
+  EXPECT_TRUE(Windows.Notices.empty());
+}
+
+TEST_F(CustomToolRunnerTest, ShowsTheSettingsThatAStepAsksFor) {
+  CustomTool tool = WithSteps({u"Search and Replace", u"Search and Replace"});
+  tool.StepSearch[1] = {.SearchText = u"a", .ReplaceText = u"b", .ShowSettings = 1};
+  tool.StepSearch[2] = {.SearchText = u"b", .ReplaceText = u"c"};
+  StartWith({tool});
+  SearchReplaceForm& form = App().Tools.SearchReplaceForm;
+  Windows.OnModal = [&](Form& shown) {
+    ASSERT_EQ(&shown, &form);
+    EXPECT_EQ(form.Text1.Text.Get(), u"a");
+    form.Text2.Text = u"x";
+    form.Command1.Click();
+  };
+  EXPECT_EQ(Run(u"ab"), u"xc\r\n");
+  Windows.OnModal = [&](Form&) { form.Command2.Click(); };
+  EXPECT_EQ(Run(u"ab"), u"ac\r\n") << "a cancelled step does nothing, the next one runs";
+}
+
+TEST_F(CustomToolRunnerTest, FailureEndsTheRunWithoutAWord) {
+  StartWith({WithSteps({u"All Upper Case"})});
+  const std::string cut = "Tool1:\r\nchain\r\nAll Upper Case\r\n";
+  Data.Put(u"FLURNCUS.DAT", cut);
+  EXPECT_EQ(Run(u"ab"), u"ab");
+  DeleteFile(Data / u"FLURNCUS.DAT");
+  EXPECT_EQ(Run(u"ab"), u"ab");
+  EXPECT_TRUE(Windows.Notices.empty());
+  EXPECT_FALSE(App().Fields.CustomToolRunning);
+}
+
+TEST_F(CustomToolRunnerTest, MenuKeysAndButtonsHaveTheirGuards) {
+  StartWith({WithSteps({u"All Upper Case"}), WithSteps({u"All Lower Case"})});
+  RichTextBox& box = App().RichTextBox1;
+  box.SetText(u"aB");
+  App().Command5.Click();
+  EXPECT_EQ(box.Text(), u"AB");
+  KeyEvent key;
+  key.Key = kKeyF1 + 1;
+  App().KeyDown(key);
+  EXPECT_EQ(box.Text(), u"ab");
+  App().Command6.Click();
+  EXPECT_EQ(box.Text(), u"ab");
+  App().RunCustomTool(3);
+  EXPECT_FALSE(App().Menu.CustMenus[2].Visible);
+
+  box.SetText(u"  ");
+  App().Menu.CustMenus[0].Click();
+  EXPECT_TRUE(Windows.Notices.empty());
+  box.SetText(u"ab");
+  box.Locked = true;
+  App().Menu.CustMenus[0].Click();
+  App().Command5.Click();
+  EXPECT_EQ(box.Text(), u"ab");
+  EXPECT_EQ(Windows.Notices.size(), 2u);
+}
+
+// The first file of a batch asks, the others take what was chosen there.
+TEST_F(CustomToolRunnerTest, BatchAsksOncePerPass) {
+  CustomTool tool = WithSteps({u"Add Trailing Carriage Returns", u"Search and Replace"});
+  tool.StepAdd[1] = {u"60", 1, 0};
+  tool.StepSearch[2] = {.SearchText = u"a", .ReplaceText = u"b", .ShowSettings = 1};
+  StartWith({tool});
+  std::vector<String> shown;
+  Windows.OnModal = [&](Form& form) {
+    shown.push_back(form.Caption);
+    if (&form == &App().Tools.SearchReplaceForm) {
+      EXPECT_EQ(App().Tools.SearchReplaceForm.Text2.Text.Get(), u"b");
+      App().Tools.SearchReplaceForm.Text2.Text = u"x";
+    }
+    form.CloseByFrame();
+  };
+  App().CustomTools.ToolPass = 2;
+  App().CustomTools.PassSettingsPending.fill(true);
+  EXPECT_EQ(RunOnFile("abc"), u"xbc\r\n");
+  EXPECT_EQ(shown.size(), 2u);
+  EXPECT_FALSE(App().CustomTools.PassSettingsPending[2]);
+  EXPECT_TRUE(App().CustomTools.PassSettingsPending[1]);
+  EXPECT_EQ(RunOnFile("aa"), u"xx\r\n");
+  EXPECT_EQ(shown.size(), 2u);
+
+  App().CustomTools.ClearShowSettings();
+  EXPECT_EQ(App().CustomTools.Steps().StepSearch[2].ShowSettings, 0);
+}
+
+TEST_F(CustomToolRunnerTest, BatchTellsOfRenamesAndOfNothingMade) {
+  StartWith({WithSteps({u"Convert TO HTML", u"Convert FROM HTML"})});
+  std::string renames;
+  App().CustomTools.RenameToHtml = [&] { renames += "html "; };
+  App().CustomTools.RenameToTxt = [&] { renames += "txt "; };
+  EXPECT_EQ(RunOnFile("T\r\na"), u"T\r\na\r\n");
+  EXPECT_EQ(renames, "html txt ");
+
+  WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(WithSteps({u"Capitalize Custom Words"}), 1));
+  try {
+    RunOnFile("a");
+    ADD_FAILURE() << "no error";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Code, kFileNotFound);
+  }
+}
+
+}  // namespace

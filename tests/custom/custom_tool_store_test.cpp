@@ -1,0 +1,128 @@
+#include "custom/custom_tool_store.h"
+
+#include <gtest/gtest.h>
+
+#include "custom/custom_tool_names.h"
+#include "platform/console/sys.h"
+#include "platform/files.h"
+#include "platform/runtime_error.h"
+#include "support/temp_folder.h"
+
+namespace {
+
+CustomTool Named(StringView name) {
+  CustomTool tool;
+  tool.Name = name;
+  for (std::size_t step = 1; step <= kMostSteps; ++step) tool.StepNames[step] = u"None Selected";
+  return tool;
+}
+
+class CustomToolStore : public testing::Test {
+ protected:
+  TempFolder folder_;
+  String path_ = folder_ / u"FLURNCUS.DAT";
+
+  std::string File() const { return BytesOf(path_); }
+  void Fill() {
+    CustomTool second = Named(u"My Two");
+    second.StepNames[1] = u"Add Trailing Carriage Returns";
+    second.StepAdd[1] = {u"60", 1, 0};
+    CustomTool third = Named(u"Custom Tool #3");
+    third.StepNames[1] = u"Search and Replace";
+    third.StepSearch[1].SearchText = u"a";
+    third.StepNames[2] = u"Convert TO HTML";
+    third.StepNames[3] = u"Run Program";
+    AppendCustomTool(path_, Named(u"One"), 0);
+    AppendCustomTool(path_, second, 1);
+    AppendCustomTool(path_, third, 2);
+  }
+};
+
+const std::string kNoSteps =
+    "None Selected\r\nNone Selected\r\nNone Selected\r\nNone Selected\r\nNone Selected\r\n";
+const std::string kOne = "Tool1:\r\nOne\r\n" + kNoSteps;
+const std::string kTwo =
+    "Tool2:\r\nMy Two\r\nAdd Trailing Carriage Returns\r\nNone Selected\r\nNone Selected\r\n"
+    "None Selected\r\nNone Selected\r\nAdd2-1:\r\n0\r\n60\r\n1\r\n";
+std::string Three(const std::string& n) {
+  return "Tool" + n + ":\r\nCustom Tool #" + n +
+         "\r\nSearch and Replace\r\nConvert TO HTML\r\nRun Program\r\nNone Selected\r\n"
+         "None Selected\r\nSearch" +
+         n +
+         "-1:\r\n0\r\n<<BEGINSEARCHTEXT>>a<<ENDSEARCHTEXT>>\r\n"
+         "<<BEGINREPLACETEXT>><<ENDREPLACETEXT>>\r\n0\r\n0\r\n0\r\nHTML" +
+         n + "-2:\r\n0\r\n\r\n\r\n0\r\n0\r\nRunProgram" + n + "-3:\r\n\r\n\r\n";
+}
+
+TEST_F(CustomToolStore, AppendsReplacesAndDeletes) {
+  Fill();
+  EXPECT_EQ(File(), kOne + kTwo + Three("3"));
+  DeleteCustomTool(path_, 2, 3);
+  EXPECT_EQ(File(), kOne + Three("2"));
+  ReplaceCustomTool(path_, Named(u"Eins"), 1, 2);
+  EXPECT_EQ(File(), "Tool1:\r\nEins\r\n" + kNoSteps + Three("2"));
+  ReplaceCustomTool(path_, Named(u"Zwei"), 2, 2);
+  EXPECT_EQ(File(), "Tool1:\r\nEins\r\n" + kNoSteps + "Tool2:\r\nZwei\r\n" + kNoSteps);
+  DeleteCustomTool(path_, 2, 2);
+  EXPECT_EQ(File(), "Tool1:\r\nEins\r\n" + kNoSteps);
+  DeleteCustomTool(path_, 1, 1);
+  EXPECT_FALSE(FileExists(path_));
+}
+
+TEST_F(CustomToolStore, RenumbersWhateverLooksNumbered) {
+  folder_.Put(u"FLURNCUS.DAT",
+              "Tool1:\nTool2:\nmy Custom Tool #2\ncustom tool #9 x\nCustom Tool #4 x\nAddx-\n"
+              "Add3 \nSearch10-1\nTool9:\nTool8:\n");
+  DeleteCustomTool(path_, 1, 2);
+  EXPECT_EQ(File(),
+            "Tool1:\r\nmy Custom Tool #2\r\ncustom tool #9 x\r\nCustom Tool #3 x\r\nAdd-1-\r\n"
+            "Add3 \r\nSearch10-1\r\nTool9:\r\nTool7:\r\n");
+}
+
+TEST_F(CustomToolStore, DamagedFileStaysAsItIs) {
+  const std::string damaged = "noise\r\nTool1:\r\nOne\r\n";
+  folder_.Put(u"FLURNCUS.DAT", damaged);
+  const std::function<void()> rewrites[] = {
+      [&] { ReplaceCustomTool(path_, Named(u"x"), 1, 2); },
+      [&] { ReplaceCustomTool(path_, Named(u"x"), 2, 2); },
+      [&] { DeleteCustomTool(path_, 1, 2); },
+      [&] { DeleteCustomTool(path_, 3, 3); },
+  };
+  for (const auto& rewrite : rewrites) {
+    EXPECT_THROW(rewrite(), RuntimeError);
+    EXPECT_EQ(File(), damaged);
+  }
+}
+
+// Any system call of a rewrite may be the one that fails.
+TEST_F(CustomToolStore, FailedRewriteLeavesTheOldFile) {
+  Fill();
+  const std::string old = File();
+  DeleteCustomTool(path_, 1, 3);
+  const std::string renumbered = File();
+  folder_.Put(u"FLURNCUS.DAT", old);
+  bool failed = true;
+  for (int failing = 0; failed; ++failing) {
+    int calls = 0;
+    sys::OnCall = [&](const char*) { return calls++ == failing ? ENOSPC : 0; };
+    failed = false;
+    try {
+      DeleteCustomTool(path_, 1, 3);
+    } catch (const RuntimeError&) {
+      failed = true;
+    }
+    sys::OnCall = nullptr;
+    if (failed) {
+      // Whole in any case: the flush behind the change may be what fails.
+      EXPECT_TRUE(File() == old || File() == renumbered) << failing << ": " << File();
+      folder_.Put(u"FLURNCUS.DAT", old);
+    }
+    // A call that is not needed for the result may fail without harm.
+    if (!failed && calls > failing) {
+      folder_.Put(u"FLURNCUS.DAT", old);
+      failed = true;
+    }
+  }
+}
+
+}  // namespace

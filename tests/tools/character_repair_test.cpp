@@ -1,0 +1,91 @@
+#include "tools/character_repair.h"
+
+#include "support/tool_fixture.h"
+#include "tools/catalogue.h"
+
+namespace {
+
+using CharacterRepair = ToolTest;
+
+TEST_F(CharacterRepair, CleansAlikeOnEditorAndFile) {
+  struct Case {
+    StringView Tool;
+    StringView Text;
+    StringView Result;
+  };
+  const Case cases[] = {
+      {u"Fix Odd-Looking Characters (upper->lower ASCII)",
+       u"\u201Ca\u201D \u2018b\u2019 c\u2026 d\u2013e f\u2014g h \u2014 i \u0436",
+       u"\"a\" 'b' c... d-e f - g h  -  i \u0436\r\n"},
+      {u"Email Cleanup - Standard", u"\r\n> \u201Cone\r\n>  two\u201D\r\n>\r\n> > three\r\n\r\n",
+       u"\"one two\" \r\n\r\nthree \r\n"},
+      {u"Email Cleanup - Poem or List",
+       u"\r\n> \u201Cone\r\n>  two\u201D\r\n>\r\n> > three\r\n\r\n",
+       u"\"one\r\ntwo\"\r\n\r\nthree\r\n"},
+      // Blank on the way: the signs are all there is.
+      {u"Email Cleanup - Poem or List", u">\r\n> >\r\n", u""},
+  };
+  // As a step of a chain, which reports nothing.
+  App().Fields.CustomToolRunning = true;
+  for (const Case& c : cases) {
+    SCOPED_TRACE(ToUtf8(c.Tool) + ": " + ToUtf8(c.Text));
+    EXPECT_EQ(OnBoth(FindTool(c.Tool)->Run, c.Text), c.Result);
+    EXPECT_EQ(App().Tools.SearchReplaceForm.Text1.Text.Get(), u"151")
+        << "settings of the last pass";
+  }
+  EXPECT_TRUE(Windows.Notices.empty());
+}
+
+TEST_F(CharacterRepair, IsOneToolOnTheEditor) {
+  SearchReplaceForm& form = App().Tools.SearchReplaceForm;
+  form.Text1.Text = u"mine";
+  form.Check3.Value = 1;
+  Windows.OnModal = [](Form& shown) { ADD_FAILURE() << ToUtf8(shown.Caption.Get()); };
+  const String text = u"x\r\n> \u201Cone\u201D\r\ny";
+  const std::function<void()> entries[] = {
+      [this] { App().Menu.ToolMenu(u"Email Cleanup - Standard")->Click(); },
+      [this] { App().Menu.ToolMenu(u"Email Cleanup - Poem or List")->Click(); },
+      [this] { App().Menu.ToolMenu(u"Fix Odd-Looking Characters (upper->lower ASCII)")->Click(); },
+      [this] { App().Command11.Click(); },
+      [this] { App().Command12.Click(); },
+  };
+  for (const auto& click : entries) {
+    App().RichTextBox1.SetText(text);
+    App().UndoEdit.Reset();
+    click();
+    EXPECT_NE(App().RichTextBox1.Text(), text);
+    EXPECT_EQ(ReadWorkFile(App().Fields.TempFile1), text);
+    EXPECT_EQ(form.Text1.Text.Get(), u"mine");
+    EXPECT_EQ(form.Check3.Value, 1);
+    EXPECT_FALSE(App().Fields.CustomToolRunning);
+    App().Menu.UndoEditMenu.Click();
+    EXPECT_EQ(App().RichTextBox1.Text(), text);
+  }
+}
+
+TEST_F(CharacterRepair, WorksOnASelection) {
+  RichTextBox& box = App().RichTextBox1;
+  box.SetText(u"> a\r\n> \u201Cb\u201D\r\n> c");
+  box.SetSelStart(5);
+  box.SetSelLength(5);
+  App().Command12.Click();
+  EXPECT_EQ(box.Text(), u"> a\r\n\"b\"\r\n> c");
+}
+
+TEST_F(CharacterRepair, ToolBarGuards) {
+  App().RichTextBox1.SetText(u"> a");
+  App().Fields.ToolBusy = true;
+  App().Command11.Click();
+  EXPECT_EQ(App().RichTextBox1.Text(), u"> a");
+  App().Fields.ToolBusy = false;
+  App().RichTextBox1.Locked = true;
+  App().Command11.Click();
+  App().Command12.Click();
+  EXPECT_EQ(App().RichTextBox1.Text(), u"> a");
+  EXPECT_EQ(Windows.Notices,
+            std::vector<String>(2,
+                                u"This text has been encrypted and no tools may be run on it "
+                                u"until after it is decrypted."));
+}
+
+}  // namespace
