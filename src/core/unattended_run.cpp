@@ -116,6 +116,11 @@ bool RunUnattended(ChangeCase& app, int& status) {
   }
   const auto autoPlace = FindSwitch(line, u"/AUTO:");
   if (!autoPlace) return false;
-  status = RunOnFile(app, *autoPlace);
+  try {
+    status = RunOnFile(app, *autoPlace);
+  } catch (...) {
+    DeleteTemporaryFiles(app.Fields);
+    throw;
+  }
   return true;
 }

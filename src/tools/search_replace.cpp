@@ -14,7 +14,13 @@ void SearchReplace(ToolContext& context) {
   };
   const bool done = RunLineTool(context, [&](LineSource& in, LineSink& out) {
     Lines lines(in);
-    ReplaceInLines(lines, settings, state, tell);
+    try {
+      ReplaceInLines(lines, settings, state, tell);
+    } catch (const RuntimeError&) {
+      // A run that was broken off in a line says nothing about the next one.
+      state.StartPos = 1;
+      throw;
+    }
     lines.PrintTo(out);
   });
   if (!done) state.ReplaceCount = 0;
