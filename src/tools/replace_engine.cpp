@@ -58,3 +58,33 @@ void ReplaceInLines(Lines& lines, const SearchSettings& settings, ReplaceState& 
   for (const String& alternative : alternatives)
     ReplaceAlternative(lines, alternative, settings, state, tell);
 }
+
+bool ReplaceLineByLine(LineSource& in, LineSink& out, const SearchSettings& settings,
+                       ReplaceState& state) {
+  if (SplitAlternatives(settings.SearchFor).size() > 1) return false;
+  std::optional<String> search = settings.SearchFor;
+  std::optional<String> replacement = settings.ReplaceWith;
+  if (settings.ByCodes) {
+    search = DecodeCodes(settings.SearchFor);
+    replacement = DecodeCodes(settings.ReplaceWith);
+    if (!search || !replacement) return false;
+  } else if (Contains(*search, u"\r")) {
+    return false;
+  }
+  if (search->empty()) return false;
+  state.ReplaceCount = 0;
+  LineReplacer replacer(state, *search, *replacement, settings);
+  BoundedSource rows(in);
+  String line;
+  try {
+    while (!rows.AtEnd()) {
+      line = rows.ReadLine();
+      if (replacer.Change(line)) out.Print(line);
+    }
+  } catch (const RuntimeError& error) {
+    // A text that is too long is told of first.
+    while (error.Code == kOverflow && !rows.AtEnd()) rows.ReadLine();
+    throw;
+  }
+  return true;
+}

@@ -16,3 +16,8 @@ using SettingsProblem = std::function<void(int code, StringView message)>;
 // replacements: the lines are then half changed.
 void ReplaceInLines(Lines& lines, const SearchSettings& settings, ReplaceState& state,
                     const SettingsProblem& tell);
+
+// The same for settings that are in order and take a line at a time, in constant memory. False, and
+// nothing was read, for others. RuntimeError 9 for more lines than the table holds, 6 as above.
+bool ReplaceLineByLine(LineSource& in, LineSink& out, const SearchSettings& settings,
+                       ReplaceState& state);

@@ -6,6 +6,7 @@
 #include "tools/random_text.h"
 #include "tools/replace_engine.h"
 #include "tools/search_words.h"
+#include "tools/text_lines.h"
 
 namespace {
 
@@ -349,6 +350,19 @@ TEST(ReplaceInLines, AgreesWithTheRulesStepByStep) {
                                  << " whole " << settings.WholeWord << " from " << startPos;
     ASSERT_EQ(state.ReplaceCount, slow.Count);
     ASSERT_EQ(state.StartPos, slow.StartPos);
+
+    String text;
+    for (const String& row : rows) text += row + String(kCrLf);
+    TextSource in(text);
+    TextSink out;
+    ReplaceState again{startPos, 0};
+    if (ReplaceLineByLine(in, out, settings, again)) {
+      String expected;
+      for (const String& row : slow.Rows()) expected += row + String(kCrLf);
+      ASSERT_EQ(out.Text, expected) << i;
+      ASSERT_EQ(again.ReplaceCount, slow.Count);
+      ASSERT_EQ(again.StartPos, slow.StartPos);
+    }
     startPos = slow.StartPos;
   }
 }
