@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/runtime_error.h"
 #include "platform/safe_save.h"
+#include "tools/capitalization.h"
 #include "tools/catalogue.h"
 #include "tools/file_chain.h"
 
@@ -43,16 +44,17 @@ bool MayBeEncrypted(const String& file) {
 
 // Whether the editor would give the text back in another shape than a stream does.
 bool IsOddFormat(const TextFormat& format) {
-  return format.HasCr || format.Encoding == Encoding::Utf16Le ||
+  const bool anyLineEnd = format.HasCrLf || format.HasLf;
+  return format.HasCr || !anyLineEnd || format.Encoding == Encoding::Utf16Le ||
          format.Encoding == Encoding::Utf16Be;
 }
 
-// The last line has no end, and not all tools would give it one on the editor.
+// The last line has no end, and no tool would give it one on the editor.
 struct NoLastLineEnd {};
 
-void RunStep(ToolContext& context, const Tool& tool) {
-  tool.Run(context);
-  if (!context.Fields.InputFileNum->LastLineEnded()) throw NoLastLineEnd();
+// These leave line ends as they are there.
+bool KeepsLineEnds(const Tool* tool) {
+  return tool->Run == UpperCaseText || tool->Run == LowerCaseText;
 }
 
 // The stand-ins of a batch for the length of the run.
@@ -85,16 +87,21 @@ bool RunStreamed(ToolContext& context, const CustomTool& custom, const String& f
   const FilePath filePath(fields);
   fields.InputFileNum = std::make_unique<TextReader>(file);
   if (IsOddFormat(fields.InputFileNum->Format())) return false;
+  const bool noneEnds = std::all_of(steps.begin(), steps.end(), KeepsLineEnds);
+  // Whether the last line has an end is known when the first step has read it.
+  if (noneEnds && steps.size() > 1) return false;
   try {
     for (std::size_t i = 0; i + 1 < steps.size(); ++i) {
-      RunStep(context, *steps[i]);
+      steps[i]->Run(context);
       // The editor would not go on with a text that has become blank.
       if (InputFile(fields.TempFile1).Size() < kLargeFile) return false;
       ChainStep(fields);
     }
     return SafeReplace(target, [&](const String& scratch) {
       fields.TempFile1 = scratch;
-      RunStep(context, *steps.back());
+      steps.back()->Run(context);
+      if (noneEnds && steps.size() == 1 && !fields.InputFileNum->LastLineEnded())
+        throw NoLastLineEnd();
     });
   } catch (const NoLastLineEnd&) {
     return false;
