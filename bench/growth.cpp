@@ -1,14 +1,17 @@
 // How the time of each tool grows with its text: the inputs that invite a loop inside a loop, at
-// one size and at twice that size. Prints both times and their ratio, wanted at most 2.3.
+// one size and at twice that size. Prints both times, each the better of two, and their ratio, wanted
+// at most 2.3. The first run of a size pays for memory that no run before had.
 //
 //   growth [PART OF A CASE'S NAME]
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <iostream>
 
 #include "core/data_files.h"
 #include "platform/console/console_window_system.h"
+#include "platform/memory.h"
 #include "tools/catalogue.h"
 
 namespace {
@@ -124,7 +127,7 @@ const Case kCases[] = {
      }},
 };
 
-double Seconds(const Case& c, std::size_t size) {
+double SecondsOnce(const Case& c, std::size_t size) {
   ConsoleWindowSystem windows;
   Messages messages(windows);
   ToolState tools(windows, messages);
@@ -146,9 +149,15 @@ double Seconds(const Case& c, std::size_t size) {
   return time.count();
 }
 
+double Seconds(const Case& c, std::size_t size) {
+  const double first = SecondsOnce(c, size);
+  return std::min(first, SecondsOnce(c, size));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  KeepFreedMemory();
   const std::string_view wanted = argc > 1 ? argv[1] : "";
   for (const Case& c : kCases) {
     if (std::string_view(c.Name).find(wanted) == std::string_view::npos) continue;

@@ -11,6 +11,7 @@
 
 #include "core/data_files.h"
 #include "platform/console/console_window_system.h"
+#include "platform/memory.h"
 #include "tools/catalogue.h"
 
 namespace {
@@ -40,6 +41,7 @@ void Run(const std::vector<String>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  KeepFreedMemory();
   std::vector<String> arguments;
   for (int i = 1; i < argc; ++i) arguments.push_back(FromUtf8(argv[i]));
   if (arguments.size() < 3 || arguments.size() > 5) {

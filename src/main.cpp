@@ -11,6 +11,7 @@
 #include "editor/messages.h"
 #include "platform/console/console_window_system.h"
 #include "platform/console/signals.h"
+#include "platform/memory.h"
 #include "platform/runtime_error.h"
 #include "platform/terminal.h"
 #include "platform/window_module.h"
@@ -60,6 +61,7 @@ int RunTool(const std::vector<String>& arguments) {
     std::cerr << "wordflurn: --tool needs the name of a tool and at least one file\n";
     return 1;
   }
+  KeepFreedMemory();
   return RunToolOnFiles(arguments[1], std::span(arguments).subspan(2));
 }
 
@@ -85,6 +87,7 @@ int RunInWindow(int argc, char** argv) {
 
 int RunWithoutWindow(int argc, char** argv, const String& commandLine) {
   TidyUpOnSignals();
+  KeepFreedMemory();
   try {
     ConsoleWindowSystem windows;
     return Main(windows, commandLine);

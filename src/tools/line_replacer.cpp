@@ -35,11 +35,11 @@ LineReplacer::LineReplacer(ReplaceState& state, StringView search, StringView re
   search_.Set(search, matchCase_);
 }
 
-bool LineReplacer::Change(String& line) {
+std::optional<StringView> LineReplacer::Changed(StringView line) {
   StartLine(line);
-  if (replacement_.empty()) return DeleteAll(line);
-  ReplaceAll(line);
-  return true;
+  const std::optional<bool> changed = replacement_.empty() ? DeleteAll() : ReplaceAll();
+  if (!changed) return std::nullopt;
+  return *changed ? StringView(done_.append(rest_)) : line;
 }
 
 void LineReplacer::StartLine(StringView line) {
@@ -50,7 +50,7 @@ void LineReplacer::StartLine(StringView line) {
   doneCompared_.clear();
 }
 
-void LineReplacer::ReplaceAll(String& line) {
+bool LineReplacer::ReplaceAll() {
   bool changed = false;
   for (std::size_t place; (place = Find()) != kNone;) {
     const StringView found = rest_.substr(place - done_.size(), search_.Text().size());
@@ -64,18 +64,17 @@ void LineReplacer::ReplaceAll(String& line) {
     done_ += replacement_;
     Drop(search_.Text().size());
   }
-  if (changed) line = done_.append(rest_);
+  return changed;
 }
 
-bool LineReplacer::DeleteAll(String& line) {
+std::optional<bool> LineReplacer::DeleteAll() {
   bool changed = false;
   for (std::size_t place; (place = Find()) != kNone; changed = true) {
     state_.CountOne();
-    if (Length() == search_.Text().size()) return false;
+    if (Length() == search_.Text().size()) return std::nullopt;
     DeleteAt(place);
   }
-  if (changed) line = done_.append(rest_);
-  return true;
+  return changed;
 }
 
 std::size_t LineReplacer::Find() {

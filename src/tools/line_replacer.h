@@ -2,6 +2,7 @@
 // Search and Replace inside one line: one text that is searched for and one that takes its place.
 
 #include <cstdint>
+#include <optional>
 
 #include "tools/search_settings.h"
 #include "tools/word_search.h"
@@ -24,8 +25,9 @@ class LineReplacer {
   LineReplacer(ReplaceState& state, StringView search, StringView replacement,
                const SearchSettings& settings);
 
-  // Changes the line. False: all of the line was deleted, and it goes itself.
-  bool Change(String& line);
+  // What the line becomes; nothing where all of it was deleted, and it goes itself. Holds as long as
+  // the line, and until the next call.
+  std::optional<StringView> Changed(StringView line);
 
  private:
   // What is left of the line: characters that are done with, and characters that are not.
@@ -42,8 +44,10 @@ class LineReplacer {
   void PassTo(std::size_t index);
   void Drop(std::size_t count);
   void DeleteAt(std::size_t index);
-  void ReplaceAll(String& line);
-  bool DeleteAll(String& line);
+  // Whether anything was changed; the line then is done_.
+  bool ReplaceAll();
+  // The same; nothing where all of the line was deleted.
+  std::optional<bool> DeleteAll();
 
   ReplaceState& state_;
   ComparedText search_;

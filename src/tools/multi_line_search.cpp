@@ -89,7 +89,8 @@ void ReplaceAcrossLines(Lines& lines, const std::vector<String>& pieces,
     }
     bool keep = true;
     if (replacer) {
-      replacer->Change(*row);
+      // Only a deletion leaves nothing of a line.
+      *row = String(replacer->Changed(*row).value());
     } else {
       keep = Delete(*row, *match, settings);
       state.CountOne();

@@ -23,7 +23,10 @@ void ReplaceWithinLines(Lines& lines, StringView search, StringView replacement,
   LineReplacer replacer(state, search, replacement, settings);
   RowFilter rows(lines);
   while (String* row = rows.Next()) {
-    if (replacer.Change(*row)) rows.Keep();
+    const auto changed = replacer.Changed(*row);
+    if (!changed) continue;
+    if (changed->data() != row->data()) *row = *changed;
+    rows.Keep();
   }
 }
 
@@ -75,11 +78,9 @@ bool ReplaceLineByLine(LineSource& in, LineSink& out, const SearchSettings& sett
   state.ReplaceCount = 0;
   LineReplacer replacer(state, *search, *replacement, settings);
   BoundedSource rows(in);
-  String line;
   try {
     while (!rows.AtEnd()) {
-      line = rows.ReadLine();
-      if (replacer.Change(line)) out.Print(line);
+      if (const auto line = replacer.Changed(rows.ReadLine())) out.Print(*line);
     }
   } catch (const RuntimeError& error) {
     // A text that is too long is told of first.
