@@ -1,6 +1,6 @@
 // How the time of each tool grows with its text: the inputs that invite a loop inside a loop, at
-// one size and at twice that size. Prints both times, each the better of two, and their ratio, wanted
-// at most 2.3. The first run of a size pays for memory that no run before had.
+// one size and at twice that size. Prints both times, each the better of two, and their ratio,
+// wanted at most 2.3. The first run of a size pays for memory that no run before had.
 //
 //   growth [PART OF A CASE'S NAME]
 

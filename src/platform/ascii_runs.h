@@ -111,6 +111,7 @@ inline bool HasSurrogate(const char16_t* p) {
 
 // The first half of a surrogate pair at or after `p`, paired or not, or `end`.
 inline const char16_t* FindSurrogate(const char16_t* p, const char16_t* end) {
+  while (end - p >= kRun && !HasSurrogate<kRun>(p)) p += kRun;
   while (end - p >= kShortRun && !HasSurrogate<kShortRun>(p)) p += kShortRun;
   while (p != end && (*p & 0xF800) != 0xD800) ++p;
   return p;

@@ -1,6 +1,8 @@
 #include "platform/byte_lines.h"
 
 #include <algorithm>
+#include <new>
+#include <tuple>
 
 #include "platform/byte_blocks.h"
 #include "platform/encoding.h"
@@ -11,9 +13,8 @@ ByteLines::ByteLines(InputFile file, const TextFormat& format, std::uint64_t byt
       unit_(IsUtf16(encoding_) ? 2 : 1),
       endCharacter_(format.LineEnds == LineEnds::Lf ? '\n' : '\r'),
       markSize_(MarkOf(format).size()),
-      bytes_(bytes),
-      capacity_(static_cast<std::size_t>(std::clamp<std::uint64_t>(bytes, 16, kBlockSize))),
-      buffer_(std::make_unique_for_overwrite<char[]>(capacity_)) {
+      bytes_(bytes) {
+  Allocate(static_cast<std::size_t>(std::clamp<std::uint64_t>(bytes, 16, kBlockSize)));
   Rewind();
 }
 
@@ -84,13 +85,18 @@ std::string_view ByteLines::Take(std::size_t length) {
   return bytes;
 }
 
+void ByteLines::Allocate(std::size_t capacity) {
+  void* const memory = std::realloc(buffer_.get(), capacity);
+  if (memory == nullptr) throw std::bad_alloc();
+  std::ignore = buffer_.release();
+  buffer_.reset(static_cast<char*>(memory));
+  capacity_ = capacity;
+}
+
 void ByteLines::Fill() {
   const std::size_t kept = Rest().size();
   if (kept == capacity_) {
-    auto larger = std::make_unique_for_overwrite<char[]>(2 * capacity_);
-    std::memcpy(larger.get(), buffer_.get(), kept);
-    buffer_ = std::move(larger);
-    capacity_ *= 2;
+    Allocate(static_cast<std::size_t>(std::min<std::uint64_t>(2 * kept, kept + unread_)));
   } else {
     std::memmove(buffer_.get(), buffer_.get() + begin_, kept);
   }

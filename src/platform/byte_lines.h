@@ -2,6 +2,7 @@
 // The lines of a text file as bytes.
 
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <string_view>
 
@@ -38,6 +39,7 @@ class ByteLines {
   std::size_t FindEnd(std::size_t from) const;
   Piece TakeLine(std::size_t length);
   std::string_view Take(std::size_t length);
+  void Allocate(std::size_t capacity);
   void Fill();
 
   std::string_view Rest() const { return {buffer_.get() + begin_, end_ - begin_}; }
@@ -50,8 +52,12 @@ class ByteLines {
   std::size_t markSize_;
   std::uint64_t bytes_;
   std::uint64_t unread_ = 0;
-  std::size_t capacity_;
-  std::unique_ptr<char[]> buffer_;
+  std::size_t capacity_ = 0;
+  // Of malloc, so that a long line can make it grow where it stands.
+  struct Free {
+    void operator()(char* memory) const { std::free(memory); }
+  };
+  std::unique_ptr<char, Free> buffer_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
 };

@@ -65,6 +65,13 @@ struct TextBox : Control {
   void Click() {
     if (OnClick) OnClick();
   }
+  // The second click of a double click.
+  void DblClick() {
+    if (OnDblClick)
+      OnDblClick();
+    else
+      Click();
+  }
   void SelectAll() {
     SelStart = 0;
     SelLength = static_cast<int>(Text.Get().size());
@@ -80,6 +87,7 @@ struct TextBox : Control {
   bool MultiLine = false;
   std::function<void()> OnChange;
   std::function<void()> OnClick;
+  std::function<void()> OnDblClick;
 
  private:
   Signal::Subscription changed_;

@@ -26,14 +26,24 @@ struct TextWriter::State {
   static constexpr std::size_t kEnough = 16 * 1024;
 
   void Add(StringView text, StringView end) {
+    // A CR at the end of the text belongs to the line end behind it.
+    if (text.size() >= kEnough && text.back() != kCr) {
+      Drain();
+      Put(text);
+      text = {};
+    }
     Waiting.append(text).append(end);
     if (Waiting.size() >= kEnough) Drain();
   }
 
   void Drain() {
-    if (!Check.Add(Waiting)) Recode();
-    Encoder.PutText(Waiting);
+    Put(Waiting);
     Waiting.clear();
+  }
+
+  void Put(StringView text) {
+    if (!Check.Add(text)) Recode();
+    Encoder.PutText(text);
   }
 
   // Writes the file anew, in the format that it needs by now.

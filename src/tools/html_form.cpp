@@ -32,6 +32,7 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
   for (TextBox* box : {&Text1, &Text2}) {
     box->Text = String(kDefault);
     box->OnClick = [box] { box->SelectAll(); };
+    box->OnDblClick = [box] { box->SelLength = 0; };
   }
   Check1.Caption = u"&Use <BR> for every line";
   Check2.Caption = u"Don't &set a title";

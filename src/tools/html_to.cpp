@@ -9,7 +9,10 @@ namespace {
 std::optional<std::vector<String>> ReadPart(const String& file) {
   if (IsDefaultPart(file)) return std::nullopt;
   try {
-    return ReadDataFile(file);
+    TextReader reader(file);
+    std::vector<String> lines;
+    while (!reader.AtEnd()) lines.emplace_back(reader.ReadLine());
+    return lines;
   } catch (const RuntimeError& error) {
     throw RuntimeError(kFileNotFound,
                        "The header or footer file cannot be read: " + std::string(error.what()));
@@ -31,7 +34,7 @@ HtmlPageSettings SettingsFor(const ToolContext& context) {
 }  // namespace
 
 void ConvertToHTML(ToolContext& context) {
-  // The file as it is, wherever it was read to.
+  // The file as it is, wherever it was read to; the next reader finds it the same.
   if (context.Fields.BatchMode) context.Fields.InputFileNum->Rewind();
   RunLineTool(
       context,
@@ -41,6 +44,7 @@ void ConvertToHTML(ToolContext& context) {
         PrintHtmlPage(lines, std::move(settings), out);
       },
       ToolScope::WholeText);
+  if (context.Fields.BatchMode) context.Fields.InputFileNum->Rewind();
 }
 
 void LoadHTMLOptionForm(ToolContext& context) {

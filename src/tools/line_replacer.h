@@ -25,8 +25,8 @@ class LineReplacer {
   LineReplacer(ReplaceState& state, StringView search, StringView replacement,
                const SearchSettings& settings);
 
-  // What the line becomes; nothing where all of it was deleted, and it goes itself. Holds as long as
-  // the line, and until the next call.
+  // What the line becomes; nothing where all of it was deleted, and it goes itself. Holds as long
+  // as the line, and until the next call.
   std::optional<StringView> Changed(StringView line);
 
  private:

@@ -19,7 +19,7 @@ bool EndsInOneLineEnd(StringView text) {
 ToolSelection::~ToolSelection() {
   if (!narrowed_) return;
   try {
-    narrowed_->SetText(wholeText_);
+    narrowed_->SetText(*wholeText_);
     narrowed_->SetSelStart(selStart_);
     narrowed_->SetSelLength(selLength_);
   } catch (const std::exception&) {
@@ -30,7 +30,7 @@ ToolSelection::~ToolSelection() {
 void ToolSelection::SelectedTextBeforeTool(ToolContext& context, bool& keepLineEnd) {
   SharedFields& fields = context.Fields;
   RichTextBox& editor = context.RichTextBox1;
-  wholeText_ = editor.Text();
+  wholeText_ = editor.SharedText();
   fields.ToolOnSelection = editor.SelLength() > 0;
   if (!fields.ToolOnSelection) return;
   fields.ToolSelStart = selStart_ = editor.SelStart();
@@ -50,14 +50,14 @@ void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
   const SharedFields& fields = context.Fields;
   RichTextBox& editor = context.RichTextBox1;
   if (!fields.ToolOnSelection) {
-    wholeText_ = {};
+    wholeText_.reset();
     return;
   }
   String result = editor.Text();
   // Cut the line end that the tool's line printing added.
   if (!fields.SelectionCrLfFlag)
     result.resize(result.size() - std::min<std::size_t>(2, result.size()));
-  const StringView whole = wholeText_;
+  const StringView whole = *wholeText_;
   String text(whole.substr(0, fields.ToolSelStart));
   text += result;
   if (fields.ToolSelEnd < whole.size()) text += whole.substr(fields.ToolSelEnd);
@@ -67,5 +67,5 @@ void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
   editor.SetSelStart(place == 0 ? 0 : place - 1);
   editor.SetSelLength(result.size());
   editor.Refresh();
-  wholeText_ = {};
+  wholeText_.reset();
 }

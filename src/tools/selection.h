@@ -20,10 +20,10 @@ class ToolSelection {
   void SelectedTextAfterTool(ToolContext& context);
 
   // The text before the tool, kept in memory: a full disk must not cost the rest of the text.
-  const String& WholeText() const { return wholeText_; }
+  const String& WholeText() const { return *wholeText_; }
 
  private:
-  String wholeText_;
+  std::shared_ptr<const String> wholeText_;
   // While the editor holds the selection alone.
   RichTextBox* narrowed_ = nullptr;
   std::size_t selStart_ = 0;

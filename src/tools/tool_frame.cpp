@@ -18,7 +18,7 @@ void TransformEditor(ToolContext& context, TextTransform transform) {
   selection.SelectedTextBeforeTool(context, keepLineEnd);
   KeepForUndo(context.Fields, selection.WholeText());
   String result;
-  transform(editor.Text(), result);
+  transform(*editor.SharedText(), result);
   editor.SetText(result);
   editor.Refresh();
   selection.SelectedTextAfterTool(context);
@@ -38,6 +38,8 @@ bool RunOnEditor(ToolContext& context, const LineWork& work, ToolScope scope) {
     {
       const auto text = editor.SharedText();
       TextSource in(*text);
+      // Most tools add little.
+      out.Text.reserve(text->size() + text->size() / 16);
       work(in, out);
     }
     editor.SetText(out.Text);

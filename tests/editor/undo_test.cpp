@@ -12,11 +12,13 @@ namespace {
 // Has no memory left for one copy of its text.
 class StarvedBox : public StringRichTextBox {
  public:
-  String Text() const override {
-    if (std::exchange(Starved, false)) throw std::bad_alloc();
-    return StringRichTextBox::Text();
-  }
   mutable bool Starved = false;
+
+ protected:
+  SharedString ReadText(const SharedString& before) const override {
+    if (std::exchange(Starved, false)) throw std::bad_alloc();
+    return StringRichTextBox::ReadText(before);
+  }
 };
 
 class StarvedUndo : public AppTest {

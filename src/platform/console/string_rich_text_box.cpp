@@ -2,9 +2,20 @@
 
 #include <algorithm>
 
+#include "platform/ascii_runs.h"
+
 namespace {
 
+// Whether each CR has its LF.
+bool HasCrLfOnly(StringView text) {
+  const char16_t* const end = text.data() + text.size();
+  for (const char16_t* p = text.data(); (p = FindUnit(p, end, kCr)) != end; p += 2)
+    if (end - p < 2 || p[1] != kLf) return false;
+  return true;
+}
+
 String WithCrLf(StringView text) {
+  if (HasCrLfOnly(text)) return String(text);
   String result;
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -23,10 +34,10 @@ void Run(const std::function<void()>& handler) {
 }  // namespace
 
 void StringRichTextBox::SetText(StringView text) {
-  String next = WithCrLf(text);
-  const bool changed = next != text_;
   const bool moved = anchor_ != 0 || caret_ != 0;
-  text_ = std::move(next);
+  String next = WithCrLf(text);
+  const bool changed = next != *text_;
+  if (changed) text_ = std::make_shared<const String>(std::move(next));
   anchor_ = caret_ = 0;
   Report(changed, moved);
 }
@@ -35,7 +46,7 @@ void StringRichTextBox::SetSelStart(std::size_t position) { Select(position, pos
 
 void StringRichTextBox::SetSelLength(std::size_t length) {
   const std::size_t start = SelStart();
-  Select(start, start + std::min(length, text_.size() - start));
+  Select(start, start + std::min(length, text_->size() - start));
 }
 
 void StringRichTextBox::SetSelText(StringView text) {
@@ -43,15 +54,18 @@ void StringRichTextBox::SetSelText(StringView text) {
   const std::size_t length = SelLength();
   const String piece = WithCrLf(text);
   const std::size_t end = start + piece.size();
-  const bool changed = StringView(text_).substr(start, length) != piece;
+  const bool changed = StringView(*text_).substr(start, length) != piece;
   const bool moved = anchor_ != end || caret_ != end;
-  if (changed) text_.replace(start, length, piece);
+  if (changed) {
+    String next = *text_;
+    text_ = std::make_shared<const String>(std::move(next.replace(start, length, piece)));
+  }
   anchor_ = caret_ = end;
   Report(changed, moved);
 }
 
 TextPlace StringRichTextBox::Caret() const {
-  const StringView before = StringView(text_).substr(0, caret_);
+  const StringView before = StringView(*text_).substr(0, caret_);
   const auto lines = static_cast<std::size_t>(std::count(before.begin(), before.end(), kCr));
   // Every CR has its LF.
   const std::size_t lineStart = lines == 0 ? 0 : before.rfind(kCr) + 2;
@@ -59,8 +73,9 @@ TextPlace StringRichTextBox::Caret() const {
 }
 
 std::size_t StringRichTextBox::CaretPlace(std::size_t position) const {
-  if (position >= text_.size()) return text_.size();
-  return position > 0 && text_[position - 1] == kCr ? position - 1 : position;
+  const StringView text = *text_;
+  if (position >= text.size()) return text.size();
+  return position > 0 && text[position - 1] == kCr ? position - 1 : position;
 }
 
 void StringRichTextBox::Report(bool changed, bool moved) {

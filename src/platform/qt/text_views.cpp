@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QTextBlock>
 #include <limits>
+#include <utility>
 
 #include "platform/qt/clipboard_text.h"
 #include "platform/qt/control_views.h"
@@ -59,12 +60,17 @@ class ClickFilter : public QObject {
   ClickFilter(TextBox& box, QObject* parent) : QObject(parent), box_(&box) {}
   void End() { box_ = nullptr; }
   bool eventFilter(QObject*, QEvent* event) override {
-    if (box_ && event->type() == QEvent::MouseButtonRelease) RunGuarded([this] { box_->Click(); });
+    if (event->type() == QEvent::MouseButtonDblClick) isSecond_ = true;
+    if (box_ && event->type() == QEvent::MouseButtonRelease) {
+      const bool isSecond = std::exchange(isSecond_, false);
+      RunGuarded([this, isSecond] { isSecond ? box_->DblClick() : box_->Click(); });
+    }
     return false;
   }
 
  private:
   TextBox* box_;
+  bool isSecond_ = false;
 };
 
 void BindClick(TextBox& box, Bindings& bindings, QWidget* clicked) {
