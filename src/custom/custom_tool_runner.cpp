@@ -6,6 +6,7 @@
 #include "platform/runtime_error.h"
 #include "tools/catalogue.h"
 #include "tools/file_chain.h"
+#include "tools/selection.h"
 #include "tools/tool_frame.h"
 
 namespace {
@@ -34,7 +35,8 @@ void CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
   fields.CustomToolRunning = true;
   try {
     ReadRecord(ReadDataFile(fields.CustomToolFile), number, tool_);
-    for (std::size_t step = 1; step <= kMostSteps; ++step) {
+    const ChainSelection selection(context);
+    for (std::size_t step = 1; step <= kMostSteps && !selection.IsGone(); ++step) {
       FillWindows(context.Tools, step);
       RunStep(context, step);
     }

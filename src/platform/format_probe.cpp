@@ -69,7 +69,12 @@ class Utf8Check {
     constexpr std::size_t kStretch = 96;
     static_assert(2 * kStretch < 256 && kStretch % kRun == 0);
     std::size_t i = 3;
-    for (; i + kStretch <= size; i += kStretch) flaws = Check(p + i, kStretch, flaws);
+    for (; i + kStretch <= size; i += kStretch) {
+      if (IsAscii(p + i - 3, kStretch + 3))
+        characters_ += kStretch;
+      else
+        flaws = Check(p + i, kStretch, flaws);
+    }
     if (i < size) flaws = Check(p + i, size - i, flaws);
     isValid_ = flaws == 0;
   }
@@ -91,6 +96,11 @@ class Utf8Check {
   // How many characters of a String the sequence with this byte has, told at its lead.
   static std::uint8_t Units(std::uint8_t byte) {
     return static_cast<std::uint8_t>(((byte & 0xC0) != 0x80) + (byte >= 0xF0));
+  }
+  static bool IsAscii(const unsigned char* p, std::size_t size) {
+    std::uint8_t any = 0;
+    for (std::size_t i = 0; i < size; ++i) any |= p[i];
+    return any < 0x80;
   }
   // The sum is of one byte, hence a stretch that can't overflow it.
   std::uint8_t Check(const unsigned char* p, std::size_t size, std::uint8_t flaws) {

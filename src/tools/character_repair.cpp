@@ -1,10 +1,14 @@
 #include "tools/character_repair.h"
 
+#include "platform/runtime_error.h"
 #include "tools/carriage_returns.h"
 #include "tools/file_chain.h"
 #include "tools/leading_characters.h"
 #include "tools/line_spacing.h"
+#include "tools/lines.h"
 #include "tools/search_replace.h"
+#include "tools/selection.h"
+#include "tools/text_lines.h"
 #include "tools/tool_frame.h"
 
 namespace {
@@ -25,9 +29,29 @@ constexpr Repair kRepairs[] = {
 
 using Step = void (*)(ToolContext&);
 
+// Told once for all steps, and before the first of them. A file fails at the first that needs the
+// table.
+bool IsTooLong(ToolContext& context) {
+  if (context.Fields.BatchMode) return false;
+  const RichTextBox& editor = context.RichTextBox1;
+  const String selected = editor.SelText();
+  const auto whole = editor.SharedText();
+  TextSource text(selected.empty() ? *whole : selected);
+  try {
+    for (BoundedSource lines(text); !lines.AtEnd();) lines.ReadLine();
+    return false;
+  } catch (const RuntimeError& error) {
+    context.Messages.Notice(FromUtf8(error.what()));
+    return true;
+  }
+}
+
 void Clean(ToolContext& context, std::initializer_list<Step> steps) {
+  if (IsTooLong(context)) return;
+  const ChainSelection selection(context);
   for (const Step step : steps) {
     step(context);
+    if (selection.IsGone()) return;
     ChainStep(context.Fields);
   }
   FixUpperASCII(context);
@@ -56,7 +80,10 @@ void RunKeeping(ToolContext& context, Step tool) {
 }  // namespace
 
 void FixUpperASCII(ToolContext& context) {
+  if (IsTooLong(context)) return;
+  const ChainSelection selection(context);
   for (const Repair& repair : kRepairs) {
+    if (selection.IsGone()) return;
     if (&repair != kRepairs) ChainStep(context.Fields);
     context.Tools.SearchReplaceForm.Use({.SearchFor = String(repair.SearchFor),
                                          .ReplaceWith = String(repair.ReplaceWith),

@@ -19,6 +19,8 @@ std::size_t FindIn(StringView text, StringView what, std::size_t from) {
 
 void ReplaceState::CountOne() {
   if (ReplaceCount == kMostReplacements) {
+    // A run that is broken off in a line says nothing about the next one.
+    StartPos = 1;
     throw RuntimeError(kOverflow,
                        "There are more than 32767 replacements.  The search and replace has been "
                        "cancelled and nothing has been changed.");

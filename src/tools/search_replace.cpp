@@ -13,16 +13,10 @@ void SearchReplace(ToolContext& context) {
     context.Messages.Notice(message);
   };
   const bool done = RunLineTool(context, [&](LineSource& in, LineSink& out) {
-    try {
-      if (ReplaceLineByLine(in, out, settings, state)) return;
-      Lines lines(in);
-      ReplaceInLines(lines, settings, state, tell);
-      lines.PrintTo(out);
-    } catch (const RuntimeError&) {
-      // A run that was broken off in a line says nothing about the next one.
-      state.StartPos = 1;
-      throw;
-    }
+    if (ReplaceLineByLine(in, out, settings, state)) return;
+    Lines lines(in);
+    ReplaceInLines(lines, settings, state, tell);
+    lines.PrintTo(out);
   });
   if (!done) state.ReplaceCount = 0;
   if (context.Fields.BatchMode || context.Fields.CustomToolRunning) return;

@@ -51,7 +51,7 @@ SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
   Command2.Cancel = true;
   Command2.OnClick = [this] { Close(true); };
   Columns = 60;
-  Lines = 18;
+  Lines = 14;
 }
 
 Layout SearchReplaceForm::Content() {

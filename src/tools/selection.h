@@ -29,3 +29,16 @@ class ToolSelection {
   std::size_t selStart_ = 0;
   std::size_t selLength_ = 0;
 };
+
+// For a chain of tools on the editor. Each works on the selection that the one before left; where
+// nothing is left of it, the next one would work on the whole text.
+class ChainSelection {
+ public:
+  explicit ChainSelection(const ToolContext& context)
+      : editor_(context.RichTextBox1), any_(!context.Fields.BatchMode && editor_.SelLength() > 0) {}
+  bool IsGone() const { return any_ && editor_.SelLength() == 0; }
+
+ private:
+  const RichTextBox& editor_;
+  bool any_;
+};

@@ -118,6 +118,16 @@ TEST_F(Controls, ClicksReachTheHandlers) {
   Named<QCheckBox>(form, "Tick")->click();
   EXPECT_EQ(form.Tick.Value, 1);
   EXPECT_EQ(clicks, 4);
+  int doubleClicks = 0;
+  form.Line.OnDblClick = [&] { ++doubleClicks; };
+  for (QWidget* view :
+       {static_cast<QWidget*>(Find<QLineEdit>(form)), Find<QPlainTextEdit>(form)->viewport()}) {
+    QTest::mouseClick(view, Qt::LeftButton);
+    QTest::mouseDClick(view, Qt::LeftButton);
+    QTest::mouseRelease(view, Qt::LeftButton);
+  }
+  EXPECT_EQ(doubleClicks, 1);
+  EXPECT_EQ(clicks, 7) << "a box that knows no double click is clicked twice";
   form.Tick.Value = 0;
   EXPECT_FALSE(Named<QCheckBox>(form, "Tick")->isChecked());
 }

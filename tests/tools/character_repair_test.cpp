@@ -70,6 +70,26 @@ TEST_F(CharacterRepair, WorksOnASelection) {
   box.SetSelLength(5);
   App().Command12.Click();
   EXPECT_EQ(box.Text(), u"> a\r\n\"b\"\r\n> c");
+  // Nothing is left of it: the rest of the text is not touched instead.
+  box.SetText(u"> a\r\n\r\n \r\n> c");
+  box.SetSelStart(5);
+  box.SetSelLength(5);
+  App().Command12.Click();
+  EXPECT_EQ(box.Text(), u"> a\r\n> c");
+}
+
+TEST_F(CharacterRepair, ATextOfTooManyLinesIsRefusedOnce) {
+  String text;
+  for (int i = 0; i < 30001; ++i) text += u"> \u201Ca\u201D\r\n";
+  for (const Tool& tool : Catalogue()) {
+    if (tool.Click != EmailCleanupFromMenu && tool.Click != EmailCleanupPoemFromMenu &&
+        tool.Click != FixUpperASCIIFromMenu)
+      continue;
+    Windows.Notices.clear();
+    EXPECT_EQ(OnEditor(tool.Click, text), text);
+    EXPECT_EQ(Windows.Notices,
+              std::vector<String>{u"The text has more than 30000 lines and was not changed."});
+  }
 }
 
 TEST_F(CharacterRepair, ToolBarGuards) {
