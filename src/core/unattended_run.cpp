@@ -15,6 +15,8 @@ namespace {
 
 constexpr StringView kError = u"Error";
 constexpr StringView kProduct = u"WordFlurn 2.0";
+// Characters of a name in a message.
+constexpr std::size_t kShown = 200;
 
 // The cleaned text is left on the clipboard.
 void CleanClipboard(ChangeCase& app, void (*clean)(ToolContext&)) {
@@ -91,7 +93,8 @@ int RunOnFile(ChangeCase& app, std::size_t autoPlace) {
   if (number != 0)
     app.RunCustomTool(number);
   else
-    std::cerr << "wordflurn: there is no custom tool named \"" << ToUtf8(name) << "\"\n";
+    std::cerr << "wordflurn: there is no custom tool named \"" << ToUtf8(name.substr(0, kShown))
+              << "\"\n";
   app.RichTextBox1.SaveFile(target, fields.DocumentFormat);
   fields.FileSaved = true;
   DeleteTemporaryFiles(fields);

@@ -13,7 +13,7 @@ constexpr StringView kDefault = u"Default";
 bool IsDefaultPart(StringView file) { return file == kDefault || IsBlank(file); }
 
 HTML::HTML(WindowSystem& windows, Messages& messages)
-    : Form(windows), messages_(messages), dialog_(windows.CreateCommonDialog()) {
+    : SettingsForm(windows, messages), dialog_(windows.CreateCommonDialog()) {
   Caption = u"Convert to HTML Settings";
   Label1.Caption =
       u"If you have a website and you want to convert using specific header/footer information, "
@@ -36,15 +36,7 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
   }
   Check1.Caption = u"&Use <BR> for every line";
   Check2.Caption = u"Don't &set a title";
-  Command1.Caption = u"&OK";
-  Command1.Default = true;
-  Command1.OnClick = [this] { Ok(); };
-  Command2.Caption = u"C&ancel";
-  Command2.Cancel = true;
-  Command2.OnClick = [this] {
-    Cancelled = true;
-    Hide();
-  };
+  Wire(Command1, Command2);
   Command3.Caption = u"&Browse";
   Command3.OnClick = [this] { Browse(Text1); };
   Command4.Caption = u"B&rowse";
@@ -60,12 +52,6 @@ Layout HTML::Content() {
   return Column({Label1,
                  Grid(4, {Label2, Text1, Command3, Command5, Label3, Text2, Command4, Command6}),
                  Label4, Check1, Check2, Row({Stretch(), Command1, Command2, Stretch()})});
-}
-
-String HTML::AnswerUnattended() {
-  Cancelled = false;
-  Hide();
-  return {};
 }
 
 void HTML::Browse(TextBox& box) {
@@ -87,17 +73,13 @@ bool HTML::CanRead(const TextBox& box, StringView complaint) {
     TestReadable(box.Text);
     return true;
   } catch (const RuntimeError&) {
-    messages_.Notice(complaint);
-    return false;
+    return Refuse(complaint);
   }
 }
 
-void HTML::Ok() {
-  Cancelled = false;
-  if (CanRead(Text1,
-              u"The filename for the header file is invalid OR the file cannot be accessed.") &&
-      CanRead(Text2,
-              u"The filename for the footer file is invalid OR the file cannot be accessed.")) {
-    Hide();
-  }
+bool HTML::Check() {
+  return CanRead(Text1,
+                 u"The filename for the header file is invalid OR the file cannot be accessed.") &&
+         CanRead(Text2,
+                 u"The filename for the footer file is invalid OR the file cannot be accessed.");
 }

@@ -4,19 +4,13 @@
 
 #include <memory>
 
-#include "editor/messages.h"
 #include "platform/common_dialog.h"
+#include "tools/settings_form.h"
 
-class HTML : public Form {
+class HTML : public SettingsForm {
  public:
   HTML(WindowSystem& windows, Messages& messages);
   Layout Content() override;
-  void CloseByFrame() override { Command2.Click(); }
-  // Goes on with the settings as they stand.
-  String AnswerUnattended() override;
-
-  // The user has refused; set while the window is away.
-  bool Cancelled = false;
 
   Label Label1;
   Label Label2;
@@ -33,12 +27,13 @@ class HTML : public Form {
   CommandButton Command5;
   CommandButton Command6;
 
+ protected:
+  bool Check() override;
+
  private:
   void Browse(TextBox& box);
   bool CanRead(const TextBox& box, StringView complaint);
-  void Ok();
 
-  Messages& messages_;
   std::unique_ptr<CommonDialog> dialog_;
 };
 

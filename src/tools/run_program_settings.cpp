@@ -19,7 +19,7 @@ bool LooksExecutable(const String& path) {
 }  // namespace
 
 RunProgramSettings::RunProgramSettings(WindowSystem& windows, Messages& messages)
-    : Form(windows), messages_(messages), dialog_(windows.CreateCommonDialog()) {
+    : SettingsForm(windows, messages), dialog_(windows.CreateCommonDialog()) {
   Caption = u"Run Program Settings";
   Label1.Caption =
       u"Provide the full path and filename of the program to run.  The program MUST be capable of "
@@ -31,27 +31,13 @@ RunProgramSettings::RunProgramSettings(WindowSystem& windows, Messages& messages
   Label3.Caption = u"Arguments:";
   Command1.Caption = u"&Browse";
   Command1.OnClick = [this] { Browse(); };
-  Command2.Caption = u"&OK";
-  Command2.Default = true;
-  Command2.OnClick = [this] { Ok(); };
-  Command3.Caption = u"C&ancel";
-  Command3.Cancel = true;
-  Command3.OnClick = [this] {
-    Cancelled = true;
-    Hide();
-  };
+  Wire(Command2, Command3);
   Columns = 60;
 }
 
 Layout RunProgramSettings::Content() {
   return Column({Label1, Grid(3, {Label2, Text1, Command1, Label3, Text2}),
                  Row({Stretch(), Command2, Command3, Stretch()})});
-}
-
-String RunProgramSettings::AnswerUnattended() {
-  Cancelled = false;
-  Hide();
-  return {};
 }
 
 void RunProgramSettings::Browse() {
@@ -67,22 +53,21 @@ void RunProgramSettings::Browse() {
   if (!IsBlank(dialog_->FileName)) Text1.Text = dialog_->FileName;
 }
 
-void RunProgramSettings::Ok() {
+bool RunProgramSettings::Check() {
   const String program(Trim(Text1.Text.Get()));
   if (program.empty())
-    return messages_.Notice(u"Error: You did not enter the filename of the program to use.");
+    return Refuse(u"Error: You did not enter the filename of the program to use.");
   try {
     TestReadable(program);
   } catch (const RuntimeError&) {
-    return messages_.Notice(u"Error: This program does not exist or cannot be accessed.");
+    return Refuse(u"Error: This program does not exist or cannot be accessed.");
   }
   if (!LooksExecutable(program) &&
       messages_.Ask(u"This file appears not to be an executable program.  Are you sure you want to "
                     u"use it?") != Answer::Yes) {
-    return;
+    return false;
   }
-  Cancelled = false;
   Text1.Text = program;
   Text2.Text = String(Trim(Text2.Text.Get()));
-  Hide();
+  return true;
 }

@@ -3,18 +3,13 @@
 
 #include <memory>
 
-#include "editor/messages.h"
 #include "platform/common_dialog.h"
+#include "tools/settings_form.h"
 
-class RunProgramSettings : public Form {
+class RunProgramSettings : public SettingsForm {
  public:
   RunProgramSettings(WindowSystem& windows, Messages& messages);
   Layout Content() override;
-  void CloseByFrame() override { Command3.Click(); }
-  String AnswerUnattended() override;
-
-  // The user has refused; set while the window is away.
-  bool Cancelled = false;
 
   Label Label1;
   Label Label2;
@@ -25,10 +20,11 @@ class RunProgramSettings : public Form {
   CommandButton Command2;
   CommandButton Command3;
 
+ protected:
+  bool Check() override;
+
  private:
   void Browse();
-  void Ok();
 
-  Messages& messages_;
   std::unique_ptr<CommonDialog> dialog_;
 };

@@ -28,7 +28,7 @@ StringView CheckCodes(const String& search, const String& replacement) {
 }  // namespace
 
 SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
-    : Form(windows), messages_(messages) {
+    : SettingsForm(windows, messages) {
   Caption = u"Search and Replace";
   Label1.Caption = u"Search for:";
   Label2.Caption = u"Replace With:";
@@ -44,12 +44,7 @@ SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
   Check1.Caption = u"&Search and Replace by ASCII codes instead of text";
   Check2.Caption = u"Match &whole word(s) only";
   Check3.Caption = u"Match &case";
-  Command1.Caption = u"&OK";
-  Command1.Default = true;
-  Command1.OnClick = [this] { Ok(); };
-  Command2.Caption = u"C&ancel";
-  Command2.Cancel = true;
-  Command2.OnClick = [this] { Close(true); };
+  Wire(Command1, Command2);
   Columns = 60;
   Lines = 14;
 }
@@ -57,11 +52,6 @@ SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
 Layout SearchReplaceForm::Content() {
   return Column({Label1, Text1, Label2, Text2, Check1, Check2, Check3,
                  Row({Stretch(), Command1, Command2, Stretch()})});
-}
-
-String SearchReplaceForm::AnswerUnattended() {
-  Close(false);
-  return {};
 }
 
 SearchSettings SearchReplaceForm::Settings() const {
@@ -80,17 +70,15 @@ void SearchReplaceForm::Use(const SearchSettings& settings) {
   Check3.Value = settings.MatchCase ? 1 : 0;
 }
 
-void SearchReplaceForm::Ok() {
+bool SearchReplaceForm::Check() {
   if (Check1.Value == 1) {
     if (const StringView error = CheckCodes(Text1.Text, Text2.Text); !error.empty())
-      return messages_.Notice(error);
+      return Refuse(error);
   }
-  if (IsBlank(Text1.Text.Get())) return messages_.Notice(kNothingTyped);
-  Close(false);
+  return !IsBlank(Text1.Text.Get()) || Refuse(kNothingTyped);
 }
 
 void SearchReplaceForm::Close(bool cancelled) {
-  Cancelled = cancelled;
   FirstClickText1 = FirstClickText2 = true;
-  Hide();
+  SettingsForm::Close(cancelled);
 }

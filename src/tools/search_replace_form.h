@@ -2,22 +2,17 @@
 // Asks what to search for and what to put in its place. Its controls are the settings of Search and
 // Replace, whoever writes them.
 
-#include "editor/messages.h"
 #include "tools/search_settings.h"
+#include "tools/settings_form.h"
 
-class SearchReplaceForm : public Form {
+class SearchReplaceForm : public SettingsForm {
  public:
   SearchReplaceForm(WindowSystem& windows, Messages& messages);
   Layout Content() override;
-  void CloseByFrame() override { Command2.Click(); }
-  // Goes on with the settings as they stand.
-  String AnswerUnattended() override;
 
   SearchSettings Settings() const;
   void Use(const SearchSettings& settings);
 
-  // The user has refused; set while the window is away.
-  bool Cancelled = false;
   // The first click into a text box since the window was shown selects all of it.
   bool FirstClickText1 = true;
   bool FirstClickText2 = true;
@@ -32,9 +27,7 @@ class SearchReplaceForm : public Form {
   CommandButton Command1;
   CommandButton Command2;
 
- private:
-  void Ok();
-  void Close(bool cancelled);
-
-  Messages& messages_;
+ protected:
+  bool Check() override;
+  void Close(bool cancelled) override;
 };
