@@ -46,7 +46,7 @@ SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
   Check3.Caption = u"Match &case";
   Wire(Command1, Command2);
   Columns = 60;
-  Lines = 14;
+  Lines = 20;
 }
 
 Layout SearchReplaceForm::Content() {

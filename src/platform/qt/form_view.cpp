@@ -1,6 +1,7 @@
 #include "platform/qt/form_view.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
 #include <QPushButton>
@@ -14,6 +15,7 @@
 #include "platform/qt/strings.h"
 #include "platform/qt/window_place.h"
 #include "platform/qt/windows.h"
+#include "platform/qt/wrapping_label.h"
 
 namespace {
 
@@ -58,6 +60,8 @@ void FormView::Build() {
     BuildMenuBar(*main->menuBar(), form_.Menus(), *bindings_);
     AcceptFiles(form_, *main, *bindings_);
   }
+  for (QLabel* label : window_->findChildren<QLabel*>())
+    if (auto* wrapping = dynamic_cast<WrappingLabel*>(label)) wrapping->FitColumns(form_.Columns);
   FindButtons();
   SetTabOrder();
   if (IsMain()) FollowKeyboard(form_, *window_, controls_, *bindings_);

@@ -158,8 +158,19 @@ int DocumentPosition(StringView text, int position) {
   return position - static_cast<int>(std::count(before.begin(), before.end(), kCr));
 }
 
+// Asks for fewer lines than Qt does, and takes what the window has.
+class LinesEdit : public QPlainTextEdit {
+ public:
+  QSize sizeHint() const override {
+    return {QPlainTextEdit::sizeHint().width(), kLines * fontMetrics().lineSpacing()};
+  }
+
+ private:
+  static constexpr int kLines = 6;
+};
+
 QWidget* MakeLines(TextBox& box, Bindings& bindings) {
-  auto* view = new QPlainTextEdit;
+  auto* view = new LinesEdit;
   view->setTabChangesFocus(true);
   bindings.Follow(box.Text, [&box, view] {
     if (TextOf(view) == box.Text.Get()) return;

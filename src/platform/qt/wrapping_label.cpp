@@ -2,7 +2,8 @@
 
 namespace {
 
-constexpr int kCharacters = 60;
+// Of the window, on both sides together, in characters.
+constexpr int kMargins = 5;
 // A word this long gets places to break at.
 constexpr int kLongWord = 40;
 
@@ -40,9 +41,14 @@ void WrappingLabel::ShowText(const QString& text) {
   updateGeometry();
 }
 
+void WrappingLabel::FitColumns(int columns) {
+  characters_ = std::max(kFewest, columns - kMargins);
+  updateGeometry();
+}
+
 QSize WrappingLabel::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   const int natural = metrics.size(Qt::TextShowMnemonic, text()).width() + 2;
-  const int width = std::min(natural, metrics.averageCharWidth() * kCharacters);
+  const int width = std::min(natural, metrics.averageCharWidth() * characters_);
   return {width, heightForWidth(width)};
 }
