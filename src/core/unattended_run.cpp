@@ -26,6 +26,8 @@ void CleanClipboard(ChangeCase& app, void (*clean)(ToolContext&)) {
   // Whatever else is on the clipboard stays there.
   if (!context.Windows.Clipboard().HasText()) return;
   app.Edit.PasteText();
+  if (app.RichTextBox1.Locked)
+    throw RuntimeError(kEncryptedFile, "The text on the clipboard is encrypted");
   context.Windows.DoEvents();
   clean(context);
   context.Windows.DoEvents();
@@ -53,9 +55,9 @@ String AsHtmlFile(const String& path) {
 // Where the result goes.
 String TargetOf(const String& file, const SharedFields& fields, bool asHtml) {
   String path = asHtml ? AsHtmlFile(file) : file;
-  const String name = fields.AddPrefix + String(FileNameOf(path));
-  if (!fields.SaveToLocation.empty()) return JoinPath(fields.SaveToLocation, name);
-  return path.substr(0, path.size() - FileNameOf(path).size()) + name;
+  const std::size_t folder = path.size() - FileNameOf(path).size();
+  path.insert(folder, fields.AddPrefix);
+  return fields.SaveToLocation.empty() ? path : JoinPath(fields.SaveToLocation, FileNameOf(path));
 }
 
 // False where the tool has to run on the editor.
@@ -75,21 +77,27 @@ bool RunStreamed(ChangeCase& app, int number, const String& file, const String& 
 int RunOnFile(ChangeCase& app, std::size_t autoPlace) {
   SharedFields& fields = app.Fields;
   const StringView line = fields.CommandLine;
-  if (autoPlace < 2) {
+  const String named = FileArgument(line);
+  if (autoPlace < 2 || named.empty()) {
     throw RefusedCommandLine{String(kError), u"Invalid Command Line - you must put filename first"};
   }
   fields.NoHtmlHeaderFooter = HasSwitch(line, u"/NOHTMLHEADERFOOTER");
-  const String prefix = SwitchValue(line, u"/ADDPREFIX:");
-  fields.AddPrefix = prefix.substr(0, prefix.find(u' '));
+  fields.AddPrefix = SwitchWord(line, u"/ADDPREFIX:");
   fields.SaveToLocation = SwitchValue(line, u"/SAVETOLOCATION:");
   const String name = SwitchValue(line, u"/AUTO:");
-  const String file = AbsolutePath(FileArgument(line));
+  const String file = AbsolutePath(named);
   const String target = TargetOf(file, fields, HasSwitch(line, u"/SAVEASHTMLFILE"));
+  const bool isReadOnly = IsReadOnly(file);
+  if (isReadOnly && target == file)
+    throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": the file is read-only");
   const int number = FindCustomTool(app, name);
   if (number != 0 && RunStreamed(app, number, file, target)) return 0;
   app.Document.OpenNamed(file);
-  if (app.RichTextBox1.Locked)
+  if (app.RichTextBox1.Locked) {
+    // Opening an encrypted file makes it writable.
+    if (isReadOnly) SetReadOnly(file, true);
     throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
+  }
   if (number != 0)
     app.RunCustomTool(number);
   else

@@ -46,6 +46,7 @@ TEST_F(StartTest, CustomToolsStandOnTheMenu) {
        {{1, u"My First Tool"}, {2, u"B"}},
        2},
       {"third alone", "Tool3:\nclean\n", {{3, u"Clean"}}, 3},
+      {"last one counts", "Tool2:\r\nb\r\nTool1:\r\na\r\n", {{1, u"A"}, {2, u"B"}}, 1},
       {"no such number", "Tool0:\nx\nTool9:\nx\ntool1:\nx\nTool1: \nx\n", {}, 0},
       {"name that looks like a key", "Tool1:\nTool2:\nTool3:\nz\n", {{1, u"Tool2:"}, {3, u"Z"}}, 3},
       {"cut off behind the key", "Tool1:\na\nTool2:", {{1, u"A"}}, 1},
@@ -129,6 +130,35 @@ TEST(CommandLine, FileStandsInFrontOfTheSwitches) {
     EXPECT_EQ(FileArgument(line), c.File);
     EXPECT_EQ(HasSwitch(line, u"/EOF"), c.Eof);
   }
+}
+
+TEST(CommandLine, ValuesEndAtTheNextSwitch) {
+  struct Case {
+    std::vector<String> Arguments;
+    StringView Switch;
+    StringView Value;
+  };
+  const Case cases[] = {
+      {{u"a", u"/AUTO:Clean", u"Mail", u"/eof"}, u"/AUTO:", u"Clean Mail"},
+      {{u"a", u"/AUTO: \"Clean /EOF Mail\" /EOF"}, u"/AUTO:", u"Clean /EOF Mail"},
+      {{u"a", u"/AUTO:\"Quick\" fix"}, u"/AUTO:", u"\"Quick\" fix"},
+      {{u"a", u"/AUTO:\"x"}, u"/AUTO:", u"\"x"},
+      {{u"my\"f.txt", u"/AUTO:in\"x"}, u"/AUTO:", u"in\"x"},
+      {{u"a", u"/AUTO:a/b"}, u"/AUTO:", u"a/b"},
+      {{u"a", u"/AUTO:a/EOF"}, u"/AUTO:", u"a"},
+      {{u"a", u"/SAVETOLOCATION:/srv/eof/x", u"/EOF"}, u"/SAVETOLOCATION:", u"/srv/eof/x"},
+      {{u"a", u"/SaveToLocation:/eof"}, u"/SAVETOLOCATION:", u"/eof"},
+      {{u"a", u"/SAVETOLOCATION:/srv/x /EOF"}, u"/SAVETOLOCATION:", u"/srv/x"},
+      {{u"a", u"/EOF"}, u"/AUTO:", u""},
+  };
+  for (const Case& c : cases) {
+    const String line = JoinArguments(c.Arguments);
+    SCOPED_TRACE(ToUtf8(line));
+    EXPECT_EQ(SwitchValue(line, c.Switch), c.Value);
+  }
+  EXPECT_EQ(SwitchWord(u"a /ADDPREFIX:new- old", u"/ADDPREFIX:"), u"new-");
+  EXPECT_EQ(SwitchWord(u"a /ADDPREFIX:\"new old \" x", u"/ADDPREFIX:"), u"new old ");
+  EXPECT_EQ(SwitchWord(u"a /ADDPREFIX:", u"/ADDPREFIX:"), u"");
 }
 
 TEST_F(StartTest, WordWrapIsOnAndCanBeTurnedOff) {
