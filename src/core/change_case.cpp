@@ -183,11 +183,13 @@ void ChangeCase::Load() {
 }
 
 void ChangeCase::ShowCustomTools() {
-  CustomToolNames = ReadCustomToolNames(Fields.CustomToolFile);
+  CustomToolList list = ReadCustomToolNames(Fields.CustomToolFile);
+  CustomToolNames = std::move(list.Names);
+  Fields.CustomToolCount = list.Count;
+  for (MenuItem& item : Menu.CustMenus) item.Visible = false;
   for (const auto& [number, name] : CustomToolNames) {
     CustMenu(number).Caption = MenuName(name);
     CustMenu(number).Visible = true;
-    Fields.CustomToolCount = number;
   }
   const auto describe = [this](CommandButton& button, int number, StringView key) {
     const auto tool = CustomToolNames.find(number);
@@ -399,10 +401,7 @@ bool ChangeCase::RunKey(const KeyEvent& key) {
     return command.Swallowed;
   }
   const int custom = key.Key - kKeyF1;
-  if (custom >= 0 && custom < kMostCustomTools) {
-    MenuItem& item = Menu.CustMenus[static_cast<std::size_t>(custom)];
-    if (item.Visible) item.Click();
-  }
+  if (custom >= 0 && custom < kMostCustomTools) CustMenu(custom + 1).Click();
   return false;
 }
 

@@ -15,16 +15,19 @@ int ToolNumber(StringView line) {
 
 }  // namespace
 
-std::map<int, String> ReadCustomToolNames(const String& path) {
-  std::map<int, String> names;
+CustomToolList ReadCustomToolNames(const String& path) {
+  CustomToolList list;
   try {
     const std::vector<String> lines = ReadDataFile(path);
     for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+      const int number = ToolNumber(lines[i]);
+      if (number == 0) continue;
       // The line behind a key is a name, whatever it looks like.
-      if (const int number = ToolNumber(lines[i])) names[number] = ProperCase(lines[++i]);
+      list.Names[number] = ProperCase(lines[++i]);
+      list.Count = number;
     }
   } catch (const RuntimeError&) {
-    names.clear();
+    list = {};
   }
-  return names;
+  return list;
 }

@@ -5,6 +5,12 @@
 
 #include "custom/custom_tool.h"
 
-// The names in a custom tool file by the tools' numbers, 1 to 8, in proper case. A name that stands
-// under a number twice counts as it stands last. An unreadable file has none.
-std::map<int, String> ReadCustomToolNames(const String& path);
+struct CustomToolList {
+  // By the tools' numbers, 1 to 8, in proper case. A number that stands twice has the last name.
+  std::map<int, String> Names;
+  // The number that stands last.
+  int Count = 0;
+};
+
+// The list of a custom tool file. An unreadable file has no tools.
+CustomToolList ReadCustomToolNames(const String& path);

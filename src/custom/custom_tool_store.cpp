@@ -67,39 +67,45 @@ void Renumber(String& line) {
   }
 }
 
-void Append(FileLines& lines, const FileLines& more, std::size_t from = 0) {
+void AddLines(FileLines& lines, const FileLines& more, std::size_t from = 0) {
   lines.insert(lines.end(), more.begin() + static_cast<std::ptrdiff_t>(from), more.end());
 }
 
 }  // namespace
 
-void AppendCustomTool(const String& path, const CustomTool& tool, int count) {
-  FileLines lines;
-  if (FileExists(path)) lines = ReadDataFile(path);
-  Append(lines, RecordLines(tool, count + 1));
-  WriteDataFile(path, lines);
+void CustomToolStore::Append(const CustomTool& tool, int count) const {
+  folder_.WhileLocked([&] {
+    FileLines lines;
+    if (FileExists(path_)) lines = ReadDataFile(path_);
+    AddLines(lines, RecordLines(tool, count + 1));
+    WriteDataFile(path_, lines);
+  });
 }
 
-void ReplaceCustomTool(const String& path, const CustomTool& tool, int number, int count) {
-  const FileLines old = ReadDataFile(path);
-  const std::size_t begin = FindRecord(old, path, number);
-  FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));
-  Append(lines, RecordLines(tool, number));
-  if (number != count) Append(lines, old, FindNextRecord(old, path, begin + 1, number + 1));
-  WriteDataFile(path, lines);
+void CustomToolStore::Replace(const CustomTool& tool, int number, int count) const {
+  folder_.WhileLocked([&] {
+    const FileLines old = ReadDataFile(path_);
+    const std::size_t begin = FindRecord(old, path_, number);
+    FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));
+    AddLines(lines, RecordLines(tool, number));
+    if (number != count) AddLines(lines, old, FindNextRecord(old, path_, begin + 1, number + 1));
+    WriteDataFile(path_, lines);
+  });
 }
 
-void DeleteCustomTool(const String& path, int number, int count) {
-  const FileLines old = ReadDataFile(path);
-  const std::size_t begin = FindRecord(old, path, number);
-  if (count == 1) return DeleteFile(path);
-  FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));
-  if (number != count) {
-    const std::size_t next = FindNextRecord(old, path, begin + 1, number + 1);
-    const std::size_t behind = lines.size();
-    Append(lines, old, next);
-    for (std::size_t i = behind; i < lines.size(); ++i) Renumber(lines[i]);
-    lines[behind] = RecordKey(number);
-  }
-  WriteDataFile(path, lines);
+void CustomToolStore::Delete(int number, int count) const {
+  folder_.WhileLocked([&] {
+    const FileLines old = ReadDataFile(path_);
+    const std::size_t begin = FindRecord(old, path_, number);
+    if (count == 1) return DeleteFile(path_);
+    FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));
+    if (number != count) {
+      const std::size_t next = FindNextRecord(old, path_, begin + 1, number + 1);
+      const std::size_t behind = lines.size();
+      AddLines(lines, old, next);
+      for (std::size_t i = behind; i < lines.size(); ++i) Renumber(lines[i]);
+      lines[behind] = RecordKey(number);
+    }
+    WriteDataFile(path_, lines);
+  });
 }

@@ -1,6 +1,7 @@
 #pragma once
 // Where this process may keep its temporary files: two running programs never share them.
 
+#include <functional>
 #include <memory>
 
 #include "platform/text.h"
@@ -20,6 +21,10 @@ class WorkFolder {
   const String& Path() const { return path_; }
   // Whether this process is the one that holds the data folder's lock.
   bool HoldsLock() const;
+  // Changes data files under the lock, which this process takes for as long as that lasts if it
+  // does not hold it. RuntimeError 70, and nothing is run, while another program holds it. A file
+  // system without locks keeps nobody out.
+  void WhileLocked(const std::function<void()>& change) const;
 
  private:
   struct State;

@@ -17,10 +17,12 @@ CustomTool Named(StringView name) {
   return tool;
 }
 
-class CustomToolStore : public testing::Test {
+class StoreTest : public testing::Test {
  protected:
   TempFolder folder_;
   String path_ = folder_ / u"FLURNCUS.DAT";
+  WorkFolder work_{folder_.Path()};
+  CustomToolStore store_{work_, path_};
 
   std::string File() const { return BytesOf(path_); }
   void Fill() {
@@ -32,9 +34,9 @@ class CustomToolStore : public testing::Test {
     third.StepSearch[1].SearchText = u"a";
     third.StepNames[2] = u"Convert TO HTML";
     third.StepNames[3] = u"Run Program";
-    AppendCustomTool(path_, Named(u"One"), 0);
-    AppendCustomTool(path_, second, 1);
-    AppendCustomTool(path_, third, 2);
+    store_.Append(Named(u"One"), 0);
+    store_.Append(second, 1);
+    store_.Append(third, 2);
   }
 };
 
@@ -54,39 +56,39 @@ std::string Three(const std::string& n) {
          n + "-2:\r\n0\r\n\r\n\r\n0\r\n0\r\nRunProgram" + n + "-3:\r\n\r\n\r\n";
 }
 
-TEST_F(CustomToolStore, AppendsReplacesAndDeletes) {
+TEST_F(StoreTest, AppendsReplacesAndDeletes) {
   Fill();
   EXPECT_EQ(File(), kOne + kTwo + Three("3"));
-  DeleteCustomTool(path_, 2, 3);
+  store_.Delete(2, 3);
   EXPECT_EQ(File(), kOne + Three("2"));
-  ReplaceCustomTool(path_, Named(u"Eins"), 1, 2);
+  store_.Replace(Named(u"Eins"), 1, 2);
   EXPECT_EQ(File(), "Tool1:\r\nEins\r\n" + kNoSteps + Three("2"));
-  ReplaceCustomTool(path_, Named(u"Zwei"), 2, 2);
+  store_.Replace(Named(u"Zwei"), 2, 2);
   EXPECT_EQ(File(), "Tool1:\r\nEins\r\n" + kNoSteps + "Tool2:\r\nZwei\r\n" + kNoSteps);
-  DeleteCustomTool(path_, 2, 2);
+  store_.Delete(2, 2);
   EXPECT_EQ(File(), "Tool1:\r\nEins\r\n" + kNoSteps);
-  DeleteCustomTool(path_, 1, 1);
+  store_.Delete(1, 1);
   EXPECT_FALSE(FileExists(path_));
 }
 
-TEST_F(CustomToolStore, RenumbersWhateverLooksNumbered) {
+TEST_F(StoreTest, RenumbersWhateverLooksNumbered) {
   folder_.Put(u"FLURNCUS.DAT",
               "Tool1:\nTool2:\nmy Custom Tool #2\ncustom tool #9 x\nCustom Tool #4 x\nAddx-\n"
               "Add3 \nSearch10-1\nTool9:\nTool8:\n");
-  DeleteCustomTool(path_, 1, 2);
+  store_.Delete(1, 2);
   EXPECT_EQ(File(),
             "Tool1:\r\nmy Custom Tool #2\r\ncustom tool #9 x\r\nCustom Tool #3 x\r\nAdd-1-\r\n"
             "Add3 \r\nSearch10-1\r\nTool9:\r\nTool7:\r\n");
 }
 
-TEST_F(CustomToolStore, DamagedFileStaysAsItIs) {
+TEST_F(StoreTest, DamagedFileStaysAsItIs) {
   const std::string damaged = "noise\r\nTool1:\r\nOne\r\n";
   folder_.Put(u"FLURNCUS.DAT", damaged);
   const std::function<void()> rewrites[] = {
-      [&] { ReplaceCustomTool(path_, Named(u"x"), 1, 2); },
-      [&] { ReplaceCustomTool(path_, Named(u"x"), 2, 2); },
-      [&] { DeleteCustomTool(path_, 1, 2); },
-      [&] { DeleteCustomTool(path_, 3, 3); },
+      [&] { store_.Replace(Named(u"x"), 1, 2); },
+      [&] { store_.Replace(Named(u"x"), 2, 2); },
+      [&] { store_.Delete(1, 2); },
+      [&] { store_.Delete(3, 3); },
   };
   for (const auto& rewrite : rewrites) {
     EXPECT_THROW(rewrite(), RuntimeError);
@@ -94,11 +96,21 @@ TEST_F(CustomToolStore, DamagedFileStaysAsItIs) {
   }
 }
 
-// Any system call of a rewrite may be the one that fails.
-TEST_F(CustomToolStore, FailedRewriteLeavesTheOldFile) {
+TEST_F(StoreTest, OneProgramAtATimeChangesTheFile) {
   Fill();
   const std::string old = File();
-  DeleteCustomTool(path_, 1, 3);
+  const WorkFolder other(folder_.Path());
+  const CustomToolStore store(other, path_);
+  EXPECT_THROW(store.Append(Named(u"x"), 3), RuntimeError);
+  EXPECT_THROW(store.Delete(1, 3), RuntimeError);
+  EXPECT_EQ(File(), old);
+}
+
+// Any system call of a rewrite may be the one that fails.
+TEST_F(StoreTest, FailedRewriteLeavesTheOldFile) {
+  Fill();
+  const std::string old = File();
+  store_.Delete(1, 3);
   const std::string renumbered = File();
   folder_.Put(u"FLURNCUS.DAT", old);
   bool failed = true;
@@ -107,7 +119,7 @@ TEST_F(CustomToolStore, FailedRewriteLeavesTheOldFile) {
     sys::OnCall = [&](const char*) { return calls++ == failing ? ENOSPC : 0; };
     failed = false;
     try {
-      DeleteCustomTool(path_, 1, 3);
+      store_.Delete(1, 3);
     } catch (const RuntimeError&) {
       failed = true;
     }

@@ -33,6 +33,26 @@ TEST(WorkFolder, TheSecondProcessWorksApart) {
   EXPECT_FALSE(FolderExists(apart));
 }
 
+TEST(WorkFolder, OneProcessAtATimeChangesDataFiles) {
+  const TestFolder folder;
+  auto first = std::make_unique<WorkFolder>(folder / "");
+  const WorkFolder second(folder / "");
+  int changes = 0;
+  const auto change = [&] { ++changes; };
+  first->WhileLocked(change);
+  EXPECT_THROW(second.WhileLocked(change), RuntimeError);
+  EXPECT_EQ(changes, 1);
+  first.reset();
+  second.WhileLocked([&] {
+    const WorkFolder third(folder / "");
+    EXPECT_FALSE(third.HoldsLock());
+    EXPECT_THROW(third.WhileLocked(change), RuntimeError);
+    change();
+  });
+  EXPECT_EQ(changes, 2);
+  EXPECT_TRUE(WorkFolder(folder / "").HoldsLock()) << "the lock is free again";
+}
+
 TEST(WorkFolder, StaleFoldersGoAndNothingElse) {
   const TestFolder folder;
   const WorkFolder first(folder / "");

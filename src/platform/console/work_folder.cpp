@@ -52,6 +52,15 @@ bool IsPrivateName(StringView name) {
          name.find_first_not_of(u"0123456789-", kPrivatePrefix.size()) == StringView::npos;
 }
 
+sys::Descriptor LockFile(const String& path) {
+  sys::Descriptor lock;
+  for (int attempt = 0; attempt < kMostNames; ++attempt) {
+    lock = OpenLocked(path, O_RDWR | O_CREAT);
+    if (lock.Get() >= 0 || errno != ENOENT) break;
+  }
+  return lock;
+}
+
 // Who can lock a private folder knows that its process is gone. One that has been made and not yet
 // locked goes, too; its maker notices and makes another.
 void RemoveStale(const String& folder) {
@@ -97,6 +106,7 @@ void MakeDataFolder(const String& path) try {
 }  // namespace
 
 struct WorkFolder::State {
+  String LockPath;
   sys::Descriptor Lock;
   bool HoldsLock = false;
 };
@@ -105,11 +115,8 @@ WorkFolder::WorkFolder(const String& dataFolder)
     : path_(AbsolutePath(dataFolder)), state_(std::make_unique<State>()) {
   MakeDataFolder(path_);
   RemoveStale(path_);
-  const String lockPath = JoinPath(path_, kLockName);
-  for (int attempt = 0; attempt < kMostNames; ++attempt) {
-    state_->Lock = OpenLocked(lockPath, O_RDWR | O_CREAT);
-    if (state_->Lock.Get() >= 0 || errno != ENOENT) break;
-  }
+  state_->LockPath = JoinPath(path_, kLockName);
+  state_->Lock = LockFile(state_->LockPath);
   state_->HoldsLock = state_->Lock.Get() >= 0;
   if (state_->HoldsLock) return;
   // Whatever the reason (a file system without locks, another thing by that name): a private folder
@@ -124,3 +131,16 @@ WorkFolder::~WorkFolder() {
 }
 
 bool WorkFolder::HoldsLock() const { return state_->HoldsLock; }
+
+void WorkFolder::WhileLocked(const std::function<void()>& change) const {
+  sys::Descriptor lock;
+  if (!HoldsLock()) {
+    lock = LockFile(state_->LockPath);
+    if (lock.Get() < 0 && errno == EWOULDBLOCK) {
+      throw RuntimeError(kPermissionDenied, ToUtf8(FolderOf(state_->LockPath)) +
+                                                ": another WordFlurn is using this data folder");
+    }
+    if (lock.Get() < 0 && !LacksLocks(errno)) sys::Throw(state_->LockPath);
+  }
+  change();
+}
