@@ -39,12 +39,15 @@ struct SharedFields {
   bool UndoBroken = false;
   bool ToolOnSelection = false;
   bool SelectionCrLfFlag = false;
+  bool SelectionUsedUp = false;  // the last tool on a selection has left nothing of it
   std::size_t ToolSelStart = 0;
   std::size_t ToolSelEnd = 0;
   bool CheckingRunProgram = false;  // a failure is one of the program that a step names
   String BatchCurrentFile;
   std::unique_ptr<TextReader> InputFileNum;
   std::unique_ptr<TextWriter> OutputFileNum;
+  // Of what the last tool wrote to TempFile1; none where another program did.
+  std::optional<TextFormat> OutputFormat;
 
   // Options.
   String DefaultHeaderFile;
@@ -53,7 +56,7 @@ struct SharedFields {
   int ViewFontSize = 0;  // points
   bool ViewFontBold = false;
 
-  int CustomToolCount = 0;  // number of the highest custom tool, 0 to 8
+  int CustomToolCount = 0;  // number of the last custom tool in the file, 0 to 8
 
   // Command line.
   bool ViewHtmlOnStart = false;

@@ -31,7 +31,9 @@ void CustomToolRunner::ClearShowSettings() {
 void CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
   SharedFields& fields = context.Fields;
   const auto text = context.RichTextBox1.SharedText();
-  const KeptSettings kept(context.Tools);
+  ToolState& tools = context.Tools;
+  const KeptSettings kept(
+      {&tools.AddCarriageForm, &tools.SearchReplaceForm, &tools.HTML, &tools.RunProgramSettings});
   fields.CustomToolRunning = true;
   try {
     ReadRecord(ReadDataFile(fields.CustomToolFile), number, tool_);
@@ -49,6 +51,8 @@ void CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
 
 void CustomToolRunner::RunOnFile(ToolContext& context, int number) {
   SharedFields& fields = context.Fields;
+  // The other windows stay as the last step leaves them.
+  const KeptSettings kept({&context.Tools.RunProgramSettings});
   DeleteFileQuietly(fields.TempFile1);
   ReadRecord(ReadDataFile(fields.CustomToolFile), number, tool_);
   const auto pass = static_cast<std::size_t>(ToolPass);

@@ -39,14 +39,10 @@ void Put(const HtmlSettings& settings, HTML& form) {
   form.Check2.Value = settings.NoTitle;
 }
 
-KeptSettings::KeptSettings(ToolState& tools)
-    : tools_(tools),
-      add_(SettingsIn(tools.AddCarriageForm)),
-      search_(SettingsIn(tools.SearchReplaceForm)),
-      html_(SettingsIn(tools.HTML)) {}
+KeptSettings::KeptSettings(std::vector<SettingsForm*> windows) : windows_(std::move(windows)) {
+  for (const SettingsForm* window : windows_) values_.push_back(window->Values());
+}
 
 KeptSettings::~KeptSettings() {
-  Put(add_, tools_.AddCarriageForm);
-  Put(search_, tools_.SearchReplaceForm);
-  Put(html_, tools_.HTML);
+  for (std::size_t i = 0; i < windows_.size(); ++i) windows_[i]->SetValues(values_[i]);
 }

@@ -12,17 +12,15 @@ void Put(const AddSettings& settings, AddCarriageForm& form);
 void Put(const SearchReplaceSettings& settings, SearchReplaceForm& form);
 void Put(const HtmlSettings& settings, HTML& form);
 
-// Gives the windows back what they held when the object was made.
+// Gives windows back what they held when the object was made.
 class KeptSettings {
  public:
-  explicit KeptSettings(ToolState& tools);
+  explicit KeptSettings(std::vector<SettingsForm*> windows);
   KeptSettings(const KeptSettings&) = delete;
   KeptSettings& operator=(const KeptSettings&) = delete;
   ~KeptSettings();
 
  private:
-  ToolState& tools_;
-  AddSettings add_;
-  SearchReplaceSettings search_;
-  HtmlSettings html_;
+  std::vector<SettingsForm*> windows_;
+  std::vector<SettingValues> values_;
 };

@@ -51,6 +51,8 @@ class TextReader {
  public:
   // Reads the file through once to find its format.
   explicit TextReader(const String& path);
+  // A file that a TextWriter has written in this format.
+  TextReader(const String& path, const TextFormat& format);
   TextReader(TextReader&&) noexcept;
   TextReader& operator=(TextReader&&) noexcept;
   ~TextReader();
@@ -89,6 +91,8 @@ class TextWriter {
   // halves of a surrogate pair, must come in the same call.
   void Write(StringView text);
   void Close();
+  // What the file has turned out to need; final once it is closed.
+  const TextFormat& Format() const;
 
  private:
   struct State;

@@ -9,6 +9,15 @@ struct TextReader::State {
   explicit State(InputFile file)
       : Shape(ProbeFile(file)), Lines(std::move(file), Shape.Format, Shape.Bytes) {}
 
+  State(const String& path, const TextFormat& format) : State(InputFile(path), format) {}
+  State(InputFile file, const TextFormat& format)
+      : Shape{.Format = format, .Bytes = TextBytes(file, format)},
+        Lines(std::move(file), format, Shape.Bytes) {}
+
+  static std::uint64_t TextBytes(const InputFile& file, const TextFormat& format) {
+    return file.Size() - MarkOf(format).size() - (format.OddByte ? 1 : 0);
+  }
+
   FileShape Shape;
   ByteLines Lines;
   // Only ever grows.
@@ -17,6 +26,8 @@ struct TextReader::State {
 };
 
 TextReader::TextReader(const String& path) : state_(std::make_unique<State>(path)) {}
+TextReader::TextReader(const String& path, const TextFormat& format)
+    : state_(std::make_unique<State>(path, format)) {}
 TextReader::TextReader(TextReader&&) noexcept = default;
 TextReader& TextReader::operator=(TextReader&&) noexcept = default;
 TextReader::~TextReader() = default;

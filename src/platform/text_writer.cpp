@@ -108,3 +108,5 @@ void TextWriter::Print(StringView line) { state_->Add(line, state_->LineEnd); }
 void TextWriter::Write(StringView text) { state_->Add(text, {}); }
 
 void TextWriter::Close() { state_->Close(); }
+
+const TextFormat& TextWriter::Format() const { return state_->Written; }

@@ -3,7 +3,7 @@
 #include "tools/break_position.h"
 
 AddCarriageForm::AddCarriageForm(WindowSystem& windows, Messages& messages)
-    : SettingsForm(windows, messages) {
+    : SettingsForm(windows, messages, {&Text1}, {&Check1}) {
   Caption = u"Add Trailing Carriage Returns";
   Label1.Caption = u"Position to Insert Carriage Return:";
   Text1.Text = u"76";

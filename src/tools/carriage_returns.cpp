@@ -1,5 +1,6 @@
 #include "tools/carriage_returns.h"
 
+#include "tools/ask_settings.h"
 #include "tools/break_lines.h"
 #include "tools/break_position.h"
 #include "tools/join_lines.h"
@@ -24,16 +25,5 @@ void AddCarriage2(ToolContext& context) {
 }
 
 void LoadCarriageForm(ToolContext& context) {
-  if (IsBlank(*context.RichTextBox1.SharedText())) return;
-  AddCarriageForm& form = context.Tools.AddCarriageForm;
-  const String position = form.Text1.Text;
-  const int words = form.Check1.Value;
-  form.ShowModal();
-  if (form.Cancelled) {
-    form.Text1.Text = position;
-    form.Check1.Value = words;
-    context.Fields.ToolUndoPending = false;
-    return;
-  }
-  AddCarriage2(context);
+  AskSettingsAndRun(context, context.Tools.AddCarriageForm, AddCarriage2);
 }

@@ -61,11 +61,11 @@ void RunKeeping(ToolContext& context, Step tool) {
   const auto text = context.RichTextBox1.SharedText();
   if (IsBlank(*text)) return;
   SearchReplaceForm& form = context.Tools.SearchReplaceForm;
-  const SearchSettings settings = form.Settings();
+  const SettingValues settings = form.Values();
   context.Fields.CustomToolRunning = true;
   const auto restore = [&] {
     KeepForUndo(context.Fields, *text);
-    form.Use(settings);
+    form.SetValues(settings);
     context.Fields.CustomToolRunning = false;
   };
   try {

@@ -13,7 +13,8 @@ constexpr StringView kDefault = u"Default";
 bool IsDefaultPart(StringView file) { return file == kDefault || IsBlank(file); }
 
 HTML::HTML(WindowSystem& windows, Messages& messages)
-    : SettingsForm(windows, messages), dialog_(windows.CreateCommonDialog()) {
+    : SettingsForm(windows, messages, {&Text1, &Text2}, {&Check1, &Check2}),
+      dialog_(windows.CreateCommonDialog()) {
   Caption = u"Convert to HTML Settings";
   Label1.Caption =
       u"If you have a website and you want to convert using specific header/footer information, "

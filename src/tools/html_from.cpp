@@ -2,8 +2,12 @@
 
 #include "platform/files.h"
 #include "platform/runtime_error.h"
+#include "tools/blank_ends.h"
+#include "tools/file_chain.h"
 #include "tools/line_spacing.h"
+#include "tools/lines.h"
 #include "tools/text_from_html.h"
+#include "tools/text_lines.h"
 #include "tools/tool_frame.h"
 
 namespace {
@@ -24,19 +28,28 @@ void TrimFile(ToolContext& context) {
   const String source = fields.InputFileNum->Path();
   fields.InputFileNum.reset();
   CopyFileContent(fields.TempFile1, fields.TempFile3);
-  fields.InputFileNum = std::make_unique<TextReader>(fields.TempFile3);
+  ReadResult(fields, fields.TempFile3);
   RemoveBlankLines(context);
   fields.InputFileNum = std::make_unique<TextReader>(source);
   DeleteFileQuietly(fields.TempFile3);
 }
 
+// At once, so that a page whose text has too many lines is not changed at all.
+void ConvertAndTrim(LineSource& in, LineSink& out) {
+  TextSink converted;
+  ConvertLines(in, converted);
+  TextSource text(converted.Text);
+  BoundedSource lines(text);
+  DropBlankEnds(lines, out);
+}
+
 }  // namespace
 
 void ConvertFROMHTML(ToolContext& context) {
-  const auto before = context.RichTextBox1.SharedText();
-  if (!RunLineTool(context, ConvertLines, ToolScope::WholeText)) return;
-  if (context.Fields.BatchMode) return TrimFile(context);
-  if (IsBlank(*before)) return;
-  RemoveBlankLines(context);
-  KeepForUndo(context.Fields, *before);
+  if (!context.Fields.BatchMode) {
+    RunLineTool(context, ConvertAndTrim, ToolScope::WholeText);
+    return;
+  }
+  RunLineTool(context, ConvertLines, ToolScope::WholeText);
+  TrimFile(context);
 }

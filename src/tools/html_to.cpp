@@ -1,6 +1,7 @@
 #include "tools/html_to.h"
 
 #include "platform/runtime_error.h"
+#include "tools/ask_settings.h"
 #include "tools/html_page.h"
 #include "tools/tool_frame.h"
 
@@ -53,18 +54,5 @@ void LoadHTMLOptionForm(ToolContext& context) {
   const SharedFields& fields = context.Fields;
   if (!IsBlank(fields.DefaultHeaderFile)) form.Text1.Text = fields.DefaultHeaderFile;
   if (!IsBlank(fields.DefaultFooterFile)) form.Text2.Text = fields.DefaultFooterFile;
-  const String header = form.Text1.Text;
-  const String footer = form.Text2.Text;
-  const int breakLines = form.Check1.Value;
-  const int noTitle = form.Check2.Value;
-  form.ShowModal();
-  if (form.Cancelled) {
-    form.Text1.Text = header;
-    form.Text2.Text = footer;
-    form.Check1.Value = breakLines;
-    form.Check2.Value = noTitle;
-    context.Fields.ToolUndoPending = false;
-    return;
-  }
-  ConvertToHTML(context);
+  AskSettingsAndRun(context, form, ConvertToHTML);
 }

@@ -64,7 +64,7 @@ void ReplaceInLines(Lines& lines, const SearchSettings& settings, ReplaceState& 
 
 bool ReplaceLineByLine(LineSource& in, LineSink& out, const SearchSettings& settings,
                        ReplaceState& state) {
-  if (SplitAlternatives(settings.SearchFor).size() > 1) return false;
+  if (Contains(settings.SearchFor, kOr)) return false;
   std::optional<String> search = settings.SearchFor;
   std::optional<String> replacement = settings.ReplaceWith;
   if (settings.ByCodes) {

@@ -101,6 +101,7 @@ void RunOnFile(ToolContext& context, const Command& command) {
                        ToUtf8(command.Program) + ": the program has not returned");
   }
   CopyFileContent(fields.TempFile2, fields.TempFile1);
+  fields.OutputFormat.reset();
   context.Windows.DoEvents();
 }
 

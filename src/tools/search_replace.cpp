@@ -1,6 +1,7 @@
 #include "tools/search_replace.h"
 
 #include "platform/runtime_error.h"
+#include "tools/ask_settings.h"
 #include "tools/replace_engine.h"
 #include "tools/tool_frame.h"
 
@@ -25,14 +26,5 @@ void SearchReplace(ToolContext& context) {
 }
 
 void LoadSearchReplaceForm(ToolContext& context) {
-  if (IsBlank(*context.RichTextBox1.SharedText())) return;
-  SearchReplaceForm& form = context.Tools.SearchReplaceForm;
-  const SearchSettings settings = form.Settings();
-  form.ShowModal();
-  if (form.Cancelled) {
-    form.Use(settings);
-    context.Fields.ToolUndoPending = false;
-    return;
-  }
-  SearchReplace(context);
+  AskSettingsAndRun(context, context.Tools.SearchReplaceForm, SearchReplace);
 }

@@ -28,7 +28,7 @@ StringView CheckCodes(const String& search, const String& replacement) {
 }  // namespace
 
 SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
-    : SettingsForm(windows, messages) {
+    : SettingsForm(windows, messages, {&Text1, &Text2}, {&Check1, &Check2, &Check3}) {
   Caption = u"Search and Replace";
   Label1.Caption = u"Search for:";
   Label2.Caption = u"Replace With:";

@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr StringView kOr = u"<OR>";
 constexpr std::size_t kMostAlternatives = 50;
 constexpr std::size_t kMostReturns = 500;
 

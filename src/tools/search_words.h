@@ -6,7 +6,8 @@
 
 #include "platform/text.h"
 
-// The alternatives, parted by "<OR>" in exact case; at least one. RuntimeError 9 above 50.
+inline constexpr StringView kOr = u"<OR>";
+// The alternatives, parted by kOr in exact case; at least one. RuntimeError 9 above 50.
 std::vector<String> SplitAlternatives(StringView searchFor);
 
 // A text cut at its carriage returns, the line feed behind each taken for granted; at least one

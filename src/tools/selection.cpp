@@ -47,22 +47,25 @@ void ToolSelection::SelectedTextBeforeTool(ToolContext& context, bool& keepLineE
 }
 
 void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
-  const SharedFields& fields = context.Fields;
+  SharedFields& fields = context.Fields;
   RichTextBox& editor = context.RichTextBox1;
   if (!fields.ToolOnSelection) {
     wholeText_.reset();
     return;
   }
   String result = editor.Text();
-  // Cut the line end that the tool's line printing added.
-  if (!fields.SelectionCrLfFlag)
+  // Cut the line end that the tool's line printing added; an empty line at the end had its own.
+  if (!fields.SelectionCrLfFlag) {
     result.resize(result.size() - std::min<std::size_t>(2, result.size()));
+    if (StringView(result).ends_with(kCrLf)) result += kCrLf;
+  }
   const StringView whole = *wholeText_;
   String text(whole.substr(0, fields.ToolSelStart));
   text += result;
   if (fields.ToolSelEnd < whole.size()) text += whole.substr(fields.ToolSelEnd);
   editor.SetText(text);
   narrowed_ = nullptr;
+  fields.SelectionUsedUp = result.empty();
   const std::size_t place = InStr(text, result);
   editor.SetSelStart(place == 0 ? 0 : place - 1);
   editor.SetSelLength(result.size());

@@ -30,15 +30,15 @@ class ToolSelection {
   std::size_t selLength_ = 0;
 };
 
-// For a chain of tools on the editor. Each works on the selection that the one before left; where
-// nothing is left of it, the next one would work on the whole text.
+// For a chain of tools on the editor. Each works on the selection that the one before left; where a
+// tool has left nothing of it, the next one would work on the whole text.
 class ChainSelection {
  public:
-  explicit ChainSelection(const ToolContext& context)
-      : editor_(context.RichTextBox1), any_(!context.Fields.BatchMode && editor_.SelLength() > 0) {}
-  bool IsGone() const { return any_ && editor_.SelLength() == 0; }
+  explicit ChainSelection(ToolContext& context) : fields_(context.Fields) {
+    fields_.SelectionUsedUp = false;
+  }
+  bool IsGone() const { return fields_.SelectionUsedUp; }
 
  private:
-  const RichTextBox& editor_;
-  bool any_;
+  SharedFields& fields_;
 };

@@ -5,8 +5,26 @@
 #include "editor/messages.h"
 #include "platform/form.h"
 
+// What a settings window holds.
+struct SettingValues {
+  std::vector<String> Texts;
+  std::vector<int> Checks;
+};
+
 class SettingsForm : public Form {
  public:
+  SettingValues Values() const {
+    SettingValues values;
+    for (const TextBox* box : texts_) values.Texts.push_back(box->Text);
+    for (const CheckBox* box : checks_) values.Checks.push_back(box->Value);
+    return values;
+  }
+  // values: what Values() of the same window has given.
+  void SetValues(const SettingValues& values) {
+    for (std::size_t i = 0; i < texts_.size(); ++i) texts_[i]->Text = values.Texts[i];
+    for (std::size_t i = 0; i < checks_.size(); ++i) checks_[i]->Value = values.Checks[i];
+  }
+
   void CloseByFrame() override { Close(true); }
   // Goes on with the settings as they stand.
   String AnswerUnattended() override {
@@ -18,7 +36,10 @@ class SettingsForm : public Form {
   bool Cancelled = false;
 
  protected:
-  SettingsForm(WindowSystem& windows, Messages& messages) : Form(windows), messages_(messages) {}
+  // texts, checks: the controls that are the settings.
+  SettingsForm(WindowSystem& windows, Messages& messages, std::vector<TextBox*> texts,
+               std::vector<CheckBox*> checks)
+      : Form(windows), messages_(messages), texts_(std::move(texts)), checks_(std::move(checks)) {}
 
   void Wire(CommandButton& ok, CommandButton& cancel) {
     ok.Caption = u"&OK";
@@ -43,4 +64,8 @@ class SettingsForm : public Form {
   }
 
   Messages& messages_;
+
+ private:
+  std::vector<TextBox*> texts_;
+  std::vector<CheckBox*> checks_;
 };

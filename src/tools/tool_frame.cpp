@@ -58,6 +58,7 @@ void RunOnFile(SharedFields& fields, const LineWork& work) {
   FileSink out(*fields.OutputFileNum);
   work(in, out);
   fields.OutputFileNum->Close();
+  fields.OutputFormat = fields.OutputFileNum->Format();
   fields.OutputFileNum.reset();
 }
 

@@ -139,6 +139,61 @@ TEST_F(CustomToolRunnerTest, ShowsTheSettingsThatAStepAsksFor) {
   EXPECT_EQ(Run(u"ab"), u"ac\r\n") << "a cancelled step does nothing, the next one runs";
 }
 
+// A tool on the whole text drops the selection, and the chain goes on; one that leaves nothing of
+// the selection ends it, since the rest of the text was not meant.
+TEST_F(CustomToolRunnerTest, ChainOnASelection) {
+  CustomTool page = WithSteps({u"Convert FROM HTML", u"All Upper Case"});
+  CustomTool gone = WithSteps({u"Search and Replace", u"All Upper Case"});
+  gone.StepSearch[1].SearchText = u"ab";
+  StartWith({page, gone});
+  RichTextBox& box = App().RichTextBox1;
+  box.SetText(u"<BODY>\r\nab<B>c</B>");
+  box.SetSelLength(4);
+  App().Menu.CustMenus[0].Click();
+  EXPECT_EQ(box.Text(), u"ABC\r\n");
+  box.SetText(u"x\r\nab\r\ny");
+  box.SetSelStart(3);
+  box.SetSelLength(4);
+  App().Menu.CustMenus[1].Click();
+  EXPECT_EQ(box.Text(), u"x\r\ny");
+}
+
+TEST_F(CustomToolRunnerTest, ProgramOfAStepStaysOutOfTheWindow) {
+  CustomTool tool = WithSteps({u"Run Program", u"All Upper Case"});
+  tool.StepRun[1] = {u"/bin/true", u"x"};
+  StartWith({tool});
+  const auto& program = App().Tools.RunProgramSettings.Text1.Text;
+  EXPECT_EQ(Run(u"ab"), u"AB");
+  EXPECT_EQ(program.Get(), u"");
+  EXPECT_EQ(RunOnFile("ab"), u"AB\r\n");
+  EXPECT_EQ(program.Get(), u"");
+}
+
+// What a step leaves may no longer show how the file holds its text.
+TEST_F(CustomToolRunnerTest, FileKeepsItsFormatAlongTheChain) {
+  struct Case {
+    StringView First;
+    StringView Search, Replacement;  // of the second step, in codes
+    std::string In, Out;
+  };
+  const Case cases[] = {
+      {u"Fix Odd-Looking Characters (upper->lower ASCII)", u"120", u"233", "\x93x\r\n",
+       "\"\xe9\r\n"},
+      {u"Email Cleanup - Standard", u"120", u"121", ">\n>\n", "\n"},
+      {u"Remove Trailing Carriage Returns", u"97", u"13", "a b\n", "\n b \n"},
+  };
+  StartWith({WithSteps({})});
+  for (const Case& c : cases) {
+    SCOPED_TRACE(ToUtf8(c.First));
+    CustomTool tool = WithSteps({c.First, u"Search and Replace"});
+    tool.StepSearch[2] = {
+        .SearchText = String(c.Search), .ReplaceText = String(c.Replacement), .CodeMode = 1};
+    WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(tool, 1));
+    RunOnFile(c.In);
+    EXPECT_EQ(BytesOf(App().Fields.TempFile1), c.Out);
+  }
+}
+
 TEST_F(CustomToolRunnerTest, FailureEndsTheRunWithoutAWord) {
   StartWith({WithSteps({u"All Upper Case"})});
   const std::string cut = "Tool1:\r\nchain\r\nAll Upper Case\r\n";
@@ -172,8 +227,10 @@ TEST_F(CustomToolRunnerTest, MenuKeysAndButtonsHaveTheirGuards) {
   box.Locked = true;
   App().Menu.CustMenus[0].Click();
   App().Command5.Click();
+  key.Key = kKeyF1 + 2;  // no such tool
+  App().KeyDown(key);
   EXPECT_EQ(box.Text(), u"ab");
-  EXPECT_EQ(Windows.Notices.size(), 2u);
+  EXPECT_EQ(Windows.Notices.size(), 3u);
 }
 
 // The first file of a batch asks, the others take what was chosen there.

@@ -309,6 +309,15 @@ String SlowLinks(String line) {
   return line;
 }
 
+TEST_F(HtmlTest, TextOfTooManyLinesIsRefusedWhole) {
+  String page = u"<BODY>\r\n";
+  for (int i = 0; i < 15001; ++i) page += u"<P>x\r\n";
+  EXPECT_EQ(OnEditor(ConvertFROMHTML, page), page);
+  EXPECT_EQ(Windows.Notices,
+            std::vector<String>{u"The text has more than 30000 lines and was not changed."});
+  EXPECT_THROW(OnFile(ConvertFROMHTML, page), RuntimeError);
+}
+
 // The body as the rules say.
 String SlowBody(const std::vector<String>& lines, std::size_t state, bool breaks, bool noTitle) {
   const auto row = [&](std::size_t i) { return i < lines.size() ? lines[i] : String(); };

@@ -78,7 +78,9 @@ TEST_F(ToolFrameTest, LineEndThatAToolAddsIsCutFromASelection) {
   const Case cases[] = {
       {u"ab", u"AB\r\n", u"AB"},
       {u"ab\r\n", u"AB\r\n", u"AB\r\n"},
-      {u"ab\r\n\r\n", u"AB\r\n\r\n\r\n", u"AB\r\n\r\n"},
+      {u"ab\r\n\r\n", u"AB\r\n\r\n", u"AB\r\n\r\n"},
+      {u"ab\r\n\r\n\r\n", u"AB\r\n\r\n\r\n", u"AB\r\n\r\n\r\n"},
+      {u"a\r\nb", u"A\r\nB\r\n", u"A\r\nB"},
       {u"\r\n", u"\r\n", u"\r\n"},
       {u"a", u"", u""},
       {u"a", u"A", u""},
