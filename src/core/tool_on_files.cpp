@@ -14,21 +14,22 @@
 
 namespace {
 
-// Encrypted text must not be changed by a tool: it could never be decrypted again.
-void RefuseEncrypted(TextReader& reader, const String& file) {
+// The format of a file that a tool may change: not encrypted text, which could never be decrypted
+// again.
+TextFormat FormatOfPlain(const String& file) {
+  TextReader reader(file);
   while (!reader.AtEnd()) {
     if (HoldsEncryptionMarker(reader.ReadLine()))
       throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
   }
-  reader.Rewind();
+  return reader.Format();
 }
 
 void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
   SharedFields& fields = context.Fields;
   fields.BatchCurrentFile = file;
   DeleteFileQuietly(fields.TempFile1);
-  fields.InputFileNum = std::make_unique<TextReader>(file);
-  RefuseEncrypted(*fields.InputFileNum, file);
+  fields.InputFileNum = std::make_unique<TextReader>(file, FormatOfPlain(file));
   tool.Run(context);
   fields.InputFileNum.reset();
   // A tool that does nothing leaves nothing.

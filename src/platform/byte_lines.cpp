@@ -14,7 +14,7 @@ ByteLines::ByteLines(InputFile file, const TextFormat& format, std::uint64_t byt
       endCharacter_(format.LineEnds == LineEnds::Lf ? '\n' : '\r'),
       markSize_(MarkOf(format).size()),
       bytes_(bytes) {
-  Allocate(static_cast<std::size_t>(std::clamp<std::uint64_t>(bytes, 16, kBlockSize)));
+  AllocateBlock();
   Rewind();
 }
 
@@ -32,6 +32,12 @@ void ByteLines::Rewind() {
   }
   begin_ = end_ = 0;
   unread_ = bytes_;
+}
+
+void ByteLines::Release() {
+  begin_ = end_ = 0;
+  unread_ = 0;
+  AllocateBlock();
 }
 
 ByteLines::Piece ByteLines::Next(bool wholeLine) {
@@ -83,6 +89,10 @@ std::string_view ByteLines::Take(std::size_t length) {
   const std::string_view bytes = Rest().substr(0, length);
   begin_ += length;
   return bytes;
+}
+
+void ByteLines::AllocateBlock() {
+  Allocate(static_cast<std::size_t>(std::clamp<std::uint64_t>(bytes_, 16, kBlockSize)));
 }
 
 void ByteLines::Allocate(std::size_t capacity) {

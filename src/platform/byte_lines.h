@@ -32,6 +32,8 @@ class ByteLines {
   // A line, or so much of a long one that memory stays constant; never part of a character.
   Piece NextPiece() { return Next(false); }
   void Rewind();
+  // Frees the buffer of a long line; what has not been read is passed over.
+  void Release();
 
  private:
   Piece Next(bool wholeLine);
@@ -40,6 +42,7 @@ class ByteLines {
   Piece TakeLine(std::size_t length);
   std::string_view Take(std::size_t length);
   void Allocate(std::size_t capacity);
+  void AllocateBlock();
   void Fill();
 
   std::string_view Rest() const { return {buffer_.get() + begin_, end_ - begin_}; }

@@ -51,7 +51,7 @@ class TextReader {
  public:
   // Reads the file through once to find its format.
   explicit TextReader(const String& path);
-  // A file that a TextWriter has written in this format.
+  // A file whose format is known, from a TextReader or from the TextWriter that has written it.
   TextReader(const String& path, const TextFormat& format);
   TextReader(TextReader&&) noexcept;
   TextReader& operator=(TextReader&&) noexcept;
@@ -64,10 +64,14 @@ class TextReader {
   // The next line without its end, as it stands in the file. The view holds until the next call.
   // RuntimeError 62 at the end.
   StringView ReadLine();
+  // The same line as a text of the caller's own, without the reader keeping one as long.
+  String TakeLine();
   // Whether the line read last had an end; true before the first.
   bool LastLineEnded() const;
   // Goes back to the first line.
   void Rewind();
+  // Frees what a long line has taken; for a reader that is at the end.
+  void Release();
 
  private:
   struct State;

@@ -18,6 +18,13 @@ struct TextReader::State {
     return file.Size() - MarkOf(format).size() - (format.OddByte ? 1 : 0);
   }
 
+  std::string_view NextBytes() {
+    if (Lines.AtEnd()) throw RuntimeError(kInputPastEnd, "Input past the end of the file");
+    const auto [bytes, end] = Lines.NextLine();
+    Ended = end != ByteLines::End::None;
+    return bytes;
+  }
+
   FileShape Shape;
   ByteLines Lines;
   // Only ever grows.
@@ -39,14 +46,25 @@ const TextFormat& TextReader::Format() const { return state_->Shape.Format; }
 bool TextReader::AtEnd() const { return state_->Lines.AtEnd(); }
 
 StringView TextReader::ReadLine() {
-  if (AtEnd()) throw RuntimeError(kInputPastEnd, "Input past the end of the file");
-  const auto [bytes, end] = state_->Lines.NextLine();
-  state_->Ended = end != ByteLines::End::None;
+  const std::string_view bytes = state_->NextBytes();
   String& line = state_->Line;
   if (line.size() < bytes.size()) line.resize(bytes.size());
   return Decode(bytes, Format().Encoding, line.data());
 }
 
+String TextReader::TakeLine() {
+  const std::string_view bytes = state_->NextBytes();
+  String line(bytes.size(), u'\0');
+  line.resize(Decode(bytes, Format().Encoding, line.data()).size());
+  line.shrink_to_fit();
+  return line;
+}
+
 bool TextReader::LastLineEnded() const { return state_->Ended; }
+
+void TextReader::Release() {
+  state_->Line = String();
+  state_->Lines.Release();
+}
 
 void TextReader::Rewind() { state_->Lines.Rewind(); }

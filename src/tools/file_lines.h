@@ -9,6 +9,8 @@ class FileSource : public LineSource {
   explicit FileSource(TextReader& reader) : reader_(reader) {}
   bool AtEnd() const override { return reader_.AtEnd(); }
   StringView ReadLine() override { return reader_.ReadLine(); }
+  String TakeLine() override { return reader_.TakeLine(); }
+  void Release() override { reader_.Release(); }
 
  private:
   TextReader& reader_;

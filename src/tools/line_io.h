@@ -10,6 +10,10 @@ class LineSource {
   // The next line without its end; an LF alone stays inside the line. The view holds until the next
   // call. RuntimeError 62 at the end.
   virtual StringView ReadLine() = 0;
+  // The same line as a text of the caller's own.
+  virtual String TakeLine() { return String(ReadLine()); }
+  // At the end: gives up the memory that reading took. The last line's view holds no longer.
+  virtual void Release() {}
 };
 
 class LineSink {

@@ -33,7 +33,8 @@ LineReplacer::LineReplacer(ReplaceState& state, StringView search, StringView re
     : state_(state),
       replacement_(replacement),
       wholeWord_(settings.WholeWord),
-      matchCase_(settings.MatchCase) {
+      // Saves a copy of each line in upper case.
+      matchCase_(settings.MatchCase || HasNoCase(search)) {
   search_.Set(search, matchCase_);
 }
 
@@ -116,6 +117,8 @@ bool LineReplacer::StandsAlone(std::size_t index) const {
 
 void LineReplacer::PassTo(std::size_t index) {
   if (index < done_.size()) return;
+  // A long line is not copied time and again as it grows.
+  if (done_.empty()) done_.reserve(rest_.size() + rest_.size() / 16);
   const std::size_t count = index - done_.size();
   done_ += rest_.substr(0, count);
   // Where text is replaced nothing that is done with is searched again.

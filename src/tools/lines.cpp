@@ -18,12 +18,13 @@ StringView BoundedSource::ReadLine() {
 }
 
 Lines::Lines(LineSource& source) {
-  while (!source.AtEnd()) Add(source.ReadLine());
+  while (!source.AtEnd()) Add(source.TakeLine());
+  source.Release();
 }
 
-void Lines::Add(StringView row) {
+void Lines::Add(String row) {
   if (rows_.size() == kMostRows) ThrowTooMany();
-  rows_.emplace_back(row);
+  rows_.push_back(std::move(row));
 }
 
 void Lines::PrintTo(LineSink& sink) const {

@@ -14,6 +14,7 @@ class BoundedSource : public LineSource {
   explicit BoundedSource(LineSource& source) : source_(source) {}
   bool AtEnd() const override { return source_.AtEnd(); }
   StringView ReadLine() override;
+  void Release() override { source_.Release(); }
 
  private:
   LineSource& source_;
@@ -30,7 +31,7 @@ class Lines {
   explicit Lines(LineSource& source);
 
   // Adds a row. RuntimeError 9 when there is no place left.
-  void Add(StringView row);
+  void Add(String row);
   std::size_t Count() const { return rows_.size(); }
   // Of 1 to Count().
   String& operator[](std::size_t row) { return rows_[row - 1]; }

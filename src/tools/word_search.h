@@ -10,6 +10,9 @@
 bool EndsWord(char16_t behind);
 bool BeginsWord(char16_t front);
 
+// Whether upper and lower case make no difference to a search for this text.
+bool HasNoCase(StringView text);
+
 // A text in both the shape that is compared and the one that is written. Without match case the
 // first is in upper case; a character stands for a character.
 class ComparedText {

@@ -214,6 +214,16 @@ TEST_F(TextFile, WriterKeepsTheFormatOfTheFile) {
     }
     writer.Close();
     EXPECT_EQ(Get("copy"), copy) << Shown(bytes);
+    // Who knows the format reads the same.
+    TextReader probing(Path("copy"));
+    TextReader knowing(Path("copy"), writer.Format());
+    for (int round = 0; round < 2; ++round) {
+      while (!probing.AtEnd()) EXPECT_EQ(knowing.TakeLine(), probing.ReadLine()) << Shown(bytes);
+      EXPECT_TRUE(knowing.AtEnd());
+      knowing.Release();
+      probing.Rewind();
+      knowing.Rewind();
+    }
   }
   TextWriter unixWriter(Path("copy"), ReadTextFile(Put("a\n")).Format);
   unixWriter.Write(u"a\r\nb\rc\nd");

@@ -7,6 +7,7 @@
 #include "tools/replace_engine.h"
 #include "tools/search_words.h"
 #include "tools/text_lines.h"
+#include "tools/word_search.h"
 
 namespace {
 
@@ -142,6 +143,17 @@ TEST_F(SearchReplaceTest, MostReplacements) {
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.Code, kOverflow);
   }
+}
+
+// A text without case is found as it stands, so nothing may turn into it in upper case.
+TEST(WordSearch, NothingTurnsIntoATextWithoutCase) {
+  for (int code = 0; code < 0x10000; ++code) {
+    const auto c = static_cast<char16_t>(code);
+    EXPECT_TRUE(UCase(c) == c || !HasNoCase(String(1, UCase(c)))) << code;
+  }
+  EXPECT_TRUE(HasNoCase(u"147 \u201C"));
+  EXPECT_FALSE(HasNoCase(u"1a"));
+  EXPECT_FALSE(HasNoCase(u"\U00010428"));
 }
 
 // The rules step by step: the table of rows, counted from 1, and one instance at a time.
