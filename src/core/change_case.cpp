@@ -3,6 +3,7 @@
 #include "core/command_line.h"
 #include "core/data_files.h"
 #include "core/unattended_run.h"
+#include "editor/help_topics.h"
 #include "editor/plain_undo.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
@@ -101,6 +102,10 @@ void ChangeCase::WireMenus() {
     entry.Item->OnClick = [this, tool = entry.Tool] { RunTool(*tool); };
   for (int number = 1; number <= kMostCustomTools; ++number)
     CustMenu(number).OnClick = [this, number] { RunCustomToolAsOneStep(number); };
+  Menu.ContentsMenu.OnClick = [this] {
+    Messages.HelpWindow.Choose(kHelpContents);
+    Messages.HelpWindow.Show();
+  };
 }
 
 void ChangeCase::WireEditMenu() {
@@ -383,6 +388,7 @@ bool ChangeCase::RunKey(const KeyEvent& key) {
          app.Menu.SelectAllMenu.Click();
          app.Menu.CopyMenu.Click();
        }},
+      {kKeyF1 + 11, false, false, [](ChangeCase& app) { app.Menu.ContentsMenu.Click(); }},
       {'F', true, true,
        [](ChangeCase& app) {
          if (app.Find.IsOpen())

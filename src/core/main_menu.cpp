@@ -9,7 +9,7 @@ MainMenu::MainMenu() {
       {UndoEditMenu, u"Ctrl+Z"}, {RedoEditMenu, u"Ctrl+Y"},  {CutMenu, u"Ctrl+X"},
       {CopyMenu, u"Ctrl+C"},     {CopyAllMenu, u"F11"},      {PasteMenu, u"Ctrl+V"},
       {DeleteMenu, u"Del"},      {SelectAllMenu, u"Ctrl+A"}, {FindMenu, u"Ctrl+F"},
-      {FindNextMenu, u"Ctrl+T"}, {HorizWordWrapMenu, u"F9"},
+      {FindNextMenu, u"Ctrl+T"}, {HorizWordWrapMenu, u"F9"}, {ContentsMenu, u"F12"},
   };
   for (const auto& [item, keys] : shortcuts) item.Shortcut = String(keys);
   HorizWordWrapMenu.Checkable = true;
@@ -29,10 +29,11 @@ MainMenu::MainMenu() {
   hyphen7.Separator = true;
   hyphen7.Visible = false;
   CustToolsMenu.Items.push_back(&hyphen7);
+  HelpMenu.Items = {&ContentsMenu};
 }
 
 std::vector<MenuItem*> MainMenu::Menus() {
-  return {&FileMenu, &EditMenu, &ViewMenu, &ToolsMenu, &CustToolsMenu};
+  return {&FileMenu, &EditMenu, &ViewMenu, &ToolsMenu, &CustToolsMenu, &HelpMenu};
 }
 
 MenuItem* MainMenu::ToolMenu(StringView storedName) {

@@ -46,6 +46,9 @@ struct MainMenu {
   std::array<MenuItem, kMostCustomTools> CustMenus;
   MenuItem hyphen7;
 
+  MenuItem HelpMenu{u"&Help"};
+  MenuItem ContentsMenu{u"&Contents"};
+
   struct ToolEntry {
     const ::Tool* Tool;
     std::unique_ptr<MenuItem> Item;

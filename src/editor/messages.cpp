@@ -1,7 +1,7 @@
 #include "editor/messages.h"
 
 Messages::Messages(WindowSystem& windows)
-    : Notice1(windows), Question1(windows), Working(windows) {}
+    : Notice1(windows), Question1(windows), Working(windows), HelpWindow(windows) {}
 
 void Messages::Notice(StringView message) {
   Notice1.NoticeMessage = message;
@@ -14,4 +14,11 @@ Answer Messages::Ask(StringView question) {
   const Answer answer = Question1.Answer;
   Question1.Unload();
   return answer;
+}
+
+void Messages::Help(int topic) {
+  // It may be open beside the main window, out of reach now.
+  HelpWindow.Unload();
+  HelpWindow.Choose(topic);
+  HelpWindow.ShowModal();
 }

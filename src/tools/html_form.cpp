@@ -38,6 +38,7 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
   Check1.Caption = u"&Use <BR> for every line";
   Check2.Caption = u"Don't &set a title";
   Wire(Command1, Command2);
+  WireHelp(Command7, kHelpHtml);
   Command3.Caption = u"&Browse";
   Command3.OnClick = [this] { Browse(Text1); };
   Command4.Caption = u"B&rowse";
@@ -50,9 +51,9 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
 }
 
 Layout HTML::Content() {
-  return Column({Label1,
-                 Grid(4, {Label2, Text1, Command3, Command5, Label3, Text2, Command4, Command6}),
-                 Label4, Check1, Check2, Row({Stretch(), Command1, Command2, Stretch()})});
+  return Column(
+      {Label1, Grid(4, {Label2, Text1, Command3, Command5, Label3, Text2, Command4, Command6}),
+       Label4, Check1, Check2, Row({Stretch(), Command1, Command2, Command7, Stretch()})});
 }
 
 void HTML::Browse(TextBox& box) {

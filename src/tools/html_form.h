@@ -26,6 +26,7 @@ class HTML : public SettingsForm {
   CommandButton Command4;
   CommandButton Command5;
   CommandButton Command6;
+  CommandButton Command7;
 
  protected:
   bool Check() override;

@@ -32,12 +32,13 @@ RunProgramSettings::RunProgramSettings(WindowSystem& windows, Messages& messages
   Command1.Caption = u"&Browse";
   Command1.OnClick = [this] { Browse(); };
   Wire(Command2, Command3);
+  WireHelp(Command4, kHelpRunProgram);
   Columns = 60;
 }
 
 Layout RunProgramSettings::Content() {
   return Column({Label1, Grid(3, {Label2, Text1, Command1, Label3, Text2}),
-                 Row({Stretch(), Command2, Command3, Stretch()})});
+                 Row({Stretch(), Command2, Command3, Command4, Stretch()})});
 }
 
 void RunProgramSettings::Browse() {

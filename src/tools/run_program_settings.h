@@ -19,6 +19,7 @@ class RunProgramSettings : public SettingsForm {
   CommandButton Command1;
   CommandButton Command2;
   CommandButton Command3;
+  CommandButton Command4;
 
  protected:
   bool Check() override;

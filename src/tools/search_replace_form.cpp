@@ -45,13 +45,14 @@ SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
   Check2.Caption = u"Match &whole word(s) only";
   Check3.Caption = u"Match &case";
   Wire(Command1, Command2);
+  WireHelp(Command3, kHelpSearchReplace);
   Columns = 60;
   Lines = 20;
 }
 
 Layout SearchReplaceForm::Content() {
   return Column({Label1, Text1, Label2, Text2, Check1, Check2, Check3,
-                 Row({Stretch(), Command1, Command2, Stretch()})});
+                 Row({Stretch(), Command1, Command2, Command3, Stretch()})});
 }
 
 SearchSettings SearchReplaceForm::Settings() const {

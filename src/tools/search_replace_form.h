@@ -26,6 +26,7 @@ class SearchReplaceForm : public SettingsForm {
   CheckBox Check3;  // match case
   CommandButton Command1;
   CommandButton Command2;
+  CommandButton Command3;
 
  protected:
   bool Check() override;

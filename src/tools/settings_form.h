@@ -2,6 +2,7 @@
 // What the settings windows of the tools share. The controls keep their values when the window
 // goes, whichever way; whoever showed it looks at Cancelled.
 
+#include "editor/help_topics.h"
 #include "editor/messages.h"
 #include "platform/form.h"
 
@@ -50,6 +51,10 @@ class SettingsForm : public Form {
     cancel.Caption = u"C&ancel";
     cancel.Cancel = true;
     cancel.OnClick = [this] { Close(true); };
+  }
+  void WireHelp(CommandButton& help, int topic) {
+    help.Caption = u"Help!";
+    help.OnClick = [this, topic] { messages_.Help(topic); };
   }
   // Whether the settings will do; tells the user what is wrong with them.
   virtual bool Check() = 0;

@@ -118,6 +118,8 @@ TEST_F(EditingTest, KeysRunTheirCommands) {
   EXPECT_EQ(Box().Text(), u"text");
   EXPECT_FALSE(Press(kKeyF1 + 10));  // F11
   EXPECT_EQ(Windows.Clipboard().GetText(), u"text");
+  EXPECT_FALSE(Press(kKeyF1 + 11));  // F12
+  EXPECT_TRUE(App().Messages.HelpWindow.Visible);
   EXPECT_FALSE(Press(kKeyF1 + 8));  // F9
   EXPECT_FALSE(App().Menu.HorizWordWrapMenu.Checked);
   EXPECT_TRUE(Press('F', true));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/browse_folders.h"
+#include "editor/help_topics.h"
 #include "editor/working2.h"
 #include "editor/working_run.h"
 #include "platform/console/console_window_system.h"
@@ -36,6 +37,32 @@ TEST(Question1, AnswersByButtonAndFrameAndStartsClean) {
     EXPECT_FALSE(question.Visible);
     EXPECT_EQ(question.Answer, c.Expected);
     question.Unload();
+  }
+}
+
+TEST(HelpWindow, ShowsTheChosenTopicAboveItsCaller) {
+  ScriptedWindowSystem windows;
+  Messages messages(windows);
+  HelpWindow& help = messages.HelpWindow;
+  EXPECT_EQ(help.Combo1.Text.Get(), u"WordFlurn in short");
+  help.Show();
+  int shown = 0;
+  windows.OnModal = [&](Form& form) {
+    ASSERT_EQ(&form, &help);
+    ++shown;
+    EXPECT_EQ(help.Combo1.Text.Get(), u"Search and Replace");
+    EXPECT_TRUE(help.Text1.Text.Get().starts_with(u"Search for:"));
+    help.Combo1.ListIndex = 0;
+    EXPECT_TRUE(help.Text1.Text.Get().starts_with(u"WordFlurn edits plain text."));
+    help.Command1.Click();
+  };
+  messages.Help(kHelpSearchReplace);
+  EXPECT_EQ(shown, 1);
+  EXPECT_FALSE(help.Visible);
+  for (const int topic : {kHelpContents, kHelpRunProgram, kHelpHtml, kHelpSearchReplace}) {
+    EXPECT_TRUE(std::any_of(HelpTopics().begin(), HelpTopics().end(), [topic](const HelpTopic& t) {
+      return t.Number == topic;
+    })) << topic;
   }
 }
 

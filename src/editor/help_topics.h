@@ -1,0 +1,21 @@
+#pragma once
+// The pages of the program's help, from data/help.
+
+#include <span>
+
+#include "platform/text.h"
+
+// Topics that the program opens by itself.
+inline constexpr int kHelpContents = 1002;
+inline constexpr int kHelpRunProgram = 1011;
+inline constexpr int kHelpHtml = 1028;
+inline constexpr int kHelpSearchReplace = 1030;
+
+struct HelpTopic {
+  int Number;
+  // The title, an empty line and the page itself; each line ends in LF, and a line is a paragraph.
+  StringView Text;
+};
+
+// In the order of their numbers.
+std::span<const HelpTopic> HelpTopics();
