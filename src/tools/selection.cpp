@@ -1,6 +1,5 @@
 #include "tools/selection.h"
 
-#include <algorithm>
 #include <exception>
 
 namespace {
@@ -54,11 +53,11 @@ void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
     return;
   }
   String result = editor.Text();
-  // Cut the line end that the tool's line printing added; an empty line at the end had its own.
-  if (!fields.SelectionCrLfFlag) {
-    result.resize(result.size() - std::min<std::size_t>(2, result.size()));
-    if (StringView(result).ends_with(kCrLf)) result += kCrLf;
-  }
+  // Cut the line end that the tool's line printing added; an empty line at the end had its own, and
+  // another program may have added none.
+  const StringView ending = result;
+  if (!fields.SelectionCrLfFlag && ending.ends_with(kCrLf) && !ending.ends_with(u"\r\n\r\n"))
+    result.resize(result.size() - kCrLf.size());
   const StringView whole = *wholeText_;
   String text(whole.substr(0, fields.ToolSelStart));
   text += result;

@@ -58,14 +58,17 @@ TEST_F(RunProgramTest, TakesBackWhatTheProgramLeaves) {
 }
 
 TEST_F(RunProgramTest, WorksOnASelection) {
-  Set(Script(u"upper", "echo X > \"$1\""));
-  RichTextBox& box = App().RichTextBox1;
-  box.SetText(u"one two three");
-  box.SetSelStart(4);
-  box.SetSelLength(3);
-  ToolContext context = Context();
-  RunProgramAsSet(context);
-  EXPECT_EQ(box.Text(), u"one X three");
+  // With a line end and without.
+  for (const char* write : {"echo XYZ > \"$1\"", "printf XYZ > \"$1\""}) {
+    Set(Script(u"upper", write));
+    RichTextBox& box = App().RichTextBox1;
+    box.SetText(u"one two three");
+    box.SetSelStart(4);
+    box.SetSelLength(3);
+    ToolContext context = Context();
+    RunProgramAsSet(context);
+    EXPECT_EQ(box.Text(), u"one XYZ three");
+  }
 }
 
 // What becomes of the text "abc" when the program does not do its work.

@@ -83,7 +83,7 @@ TEST_F(ToolFrameTest, LineEndThatAToolAddsIsCutFromASelection) {
       {u"a\r\nb", u"A\r\nB\r\n", u"A\r\nB"},
       {u"\r\n", u"\r\n", u"\r\n"},
       {u"a", u"", u""},
-      {u"a", u"A", u""},
+      {u"a", u"A", u"A"},
   };
   Start();
   for (const Case& c : cases) {
