@@ -2,6 +2,7 @@
 
 #include "core/command_line.h"
 #include "core/data_files.h"
+#include "core/key_commands.h"
 #include "core/unattended_run.h"
 #include "editor/help_topics.h"
 #include "editor/plain_undo.h"
@@ -266,7 +267,10 @@ void ChangeCase::ToggleWordWrap() {
 
 void ChangeCase::RefuseOnEncryptedText() { Messages.Notice(kNoToolsOnEncryptedText); }
 
-void ChangeCase::RunTool(const Tool& tool) { RunAsOneStep(tool.Click ? tool.Click : tool.Run); }
+void ChangeCase::RunTool(const Tool& tool) {
+  if (RichTextBox1.Locked) return RefuseOnEncryptedText();
+  RunAsOneStep(tool.Click ? tool.Click : tool.Run);
+}
 
 void ChangeCase::RunCustomTool(int number) {
   if (!CustomToolNames.contains(number)) return;
@@ -358,57 +362,12 @@ void ChangeCase::KeyDown(KeyEvent& key) {
   if (Fields.ToolBusy) return;
   Fields.ToolBusy = true;
   try {
-    key.Handled = RunKey(key);
+    key.Handled = RunKeyCommand(*this, key);
   } catch (...) {
     Fields.ToolBusy = false;
     throw;
   }
   Fields.ToolBusy = false;
-}
-
-bool ChangeCase::RunKey(const KeyEvent& key) {
-  const bool inPanel = Find.Owns(ActiveControl);
-  if (Find.IsOpen() && key.Key == kKeyEscape) return Find.Close(), true;
-  if (inPanel && key.Key == kKeyReturn && ActiveControl == &Find.txtFindText)
-    return Find.cmdFind.Click(), true;
-
-  struct Command {
-    int Key;
-    bool Control;
-    bool Swallowed;
-    void (*Run)(ChangeCase&);
-  };
-  static constexpr Command kCommands[] = {
-      {kKeyF1 + 8, false, false, [](ChangeCase& app) { app.Menu.HorizWordWrapMenu.Click(); }},
-      {kKeyF1 + 10, false, false,
-       [](ChangeCase& app) {
-         // What is selected is the editor's text, so that is what the copy is of.
-         app.ActiveControl = &app.RichTextBox1;
-         app.RichTextBox1.SetFocus();
-         app.Menu.SelectAllMenu.Click();
-         app.Menu.CopyMenu.Click();
-       }},
-      {kKeyF1 + 11, false, false, [](ChangeCase& app) { app.Menu.ContentsMenu.Click(); }},
-      {'F', true, true,
-       [](ChangeCase& app) {
-         if (app.Find.IsOpen())
-           app.Find.cmdReturn.Click();
-         else
-           app.Menu.FindMenu.Click();
-       }},
-      {'T', true, true, [](ChangeCase& app) { app.Menu.FindNextMenu.Click(); }},
-      {'N', true, true, [](ChangeCase& app) { app.Menu.NewMenu.Click(); }},
-      {'O', true, true, [](ChangeCase& app) { app.Menu.OpenMenu.Click(); }},
-      {'S', true, true, [](ChangeCase& app) { app.Menu.SaveMenu.Click(); }},
-  };
-  for (const Command& command : kCommands) {
-    if (command.Key != key.Key || (command.Control && !key.Control)) continue;
-    command.Run(*this);
-    return command.Swallowed;
-  }
-  const int custom = key.Key - kKeyF1;
-  if (custom >= 0 && custom < kMostCustomTools) CustMenu(custom + 1).Click();
-  return false;
 }
 
 void ChangeCase::DropFiles(const std::vector<String>& paths) {

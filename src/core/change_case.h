@@ -91,7 +91,6 @@ class ChangeCase : public Form, private DocumentHost {
   void WireToolBar();
   void Use(const Options& options);
   void ToggleWordWrap();
-  bool RunKey(const KeyEvent& key);
   void UndoLast();
   void TellUndoBroken();
   void ShowUndoState();

@@ -1,8 +1,5 @@
 #include "editor/find_panel.h"
 
-#include <algorithm>
-#include <array>
-
 #include "platform/find_text.h"
 
 FindPanel::FindPanel(RichTextBox& editor, Messages& messages)
@@ -22,12 +19,6 @@ FindPanel::FindPanel(RichTextBox& editor, Messages& messages)
 
 ::Layout FindPanel::Layout() {
   return Row({lblFindWhat, txtFindText, cmdFind, cmdReturn, chkMatchCase, chkWholeWord});
-}
-
-bool FindPanel::Owns(const Control* control) const {
-  const std::array<const Control*, 5> controls{&txtFindText, &cmdFind, &cmdReturn, &chkMatchCase,
-                                               &chkWholeWord};
-  return std::find(controls.begin(), controls.end(), control) != controls.end();
 }
 
 void FindPanel::Show(bool visible) {

@@ -17,8 +17,6 @@ class FindPanel {
   void Open();
   void Close();
   bool IsOpen() const { return txtFindText.Visible; }
-  // Whether a control is one of the panel's.
-  bool Owns(const Control* control) const;
   // Opens the panel first where there is nothing to search for yet.
   void FindNext();
   // A new document: the next search starts at the top.

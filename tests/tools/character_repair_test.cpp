@@ -92,7 +92,7 @@ TEST_F(CharacterRepair, ATextOfTooManyLinesIsRefusedOnce) {
   }
 }
 
-TEST_F(CharacterRepair, ToolBarGuards) {
+TEST_F(CharacterRepair, GuardsOfButtonsAndMenu) {
   App().RichTextBox1.SetText(u"> a");
   App().Fields.ToolBusy = true;
   App().Command11.Click();
@@ -101,9 +101,10 @@ TEST_F(CharacterRepair, ToolBarGuards) {
   App().RichTextBox1.Locked = true;
   App().Command11.Click();
   App().Command12.Click();
+  App().Menu.ToolMenu(u"All Upper Case")->Click();
   EXPECT_EQ(App().RichTextBox1.Text(), u"> a");
   EXPECT_EQ(Windows.Notices,
-            std::vector<String>(2,
+            std::vector<String>(3,
                                 u"This text has been encrypted and no tools may be run on it "
                                 u"until after it is decrypted."));
 }
