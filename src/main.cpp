@@ -61,6 +61,7 @@ int RunTool(const std::vector<String>& arguments) {
     std::cerr << "wordflurn: --tool needs the name of a tool and at least one file\n";
     return 1;
   }
+  TidyUpOnSignals();
   KeepFreedMemory();
   return RunToolOnFiles(arguments[1], std::span(arguments).subspan(2));
 }

@@ -8,6 +8,7 @@
 #include "editor/plain_undo.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
+#include "platform/scoped_value.h"
 #include "tools/character_repair.h"
 
 namespace {
@@ -60,6 +61,7 @@ ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const Str
   WireMenus();
   WireEditMenu();
   WireToolBar();
+  GuardCommands();
 }
 
 ChangeCase::~ChangeCase() { Unload(); }
@@ -164,6 +166,30 @@ void ChangeCase::WireToolBar() {
     tool.Button.OnClick = [this, press = tool.Press] { press(*this); };
     Picture1.Buttons.push_back(&tool.Button);
   }
+}
+
+// While a tool lets events run, the editor may hold the selection alone, or a text that is half
+// done: nothing may save it, replace it or work on it.
+void ChangeCase::GuardCommands() {
+  const auto guard = [this](std::function<void()>& command) {
+    if (!command) return;
+    command = [this, run = std::move(command)] {
+      if (!RefusedWhileToolRuns()) run();
+    };
+  };
+  std::vector<MenuItem*> items = Menu.Menus();
+  while (!items.empty()) {
+    MenuItem& item = *items.back();
+    items.pop_back();
+    guard(item.OnClick);
+    items.insert(items.end(), item.Items.begin(), item.Items.end());
+  }
+  for (CommandButton* button : Picture1.Buttons) guard(button->OnClick);
+}
+
+bool ChangeCase::RefusedWhileToolRuns() {
+  if (toolRuns_) Tell(u"A tool is still running.");
+  return toolRuns_;
 }
 
 void ChangeCase::Load() {
@@ -272,13 +298,14 @@ void ChangeCase::RunTool(const Tool& tool) {
   RunAsOneStep(tool.Click ? tool.Click : tool.Run);
 }
 
-void ChangeCase::RunCustomTool(int number) {
-  if (!CustomToolNames.contains(number)) return;
+bool ChangeCase::RunCustomTool(int number) {
+  if (!CustomToolNames.contains(number)) return true;
   ToolContext context = Context();
-  CustomTools.Run(context, number);
+  return CustomTools.Run(context, number);
 }
 
 void ChangeCase::RunAsOneStep(const std::function<void(ToolContext&)>& run) {
+  const ScopedValue running(toolRuns_, true);
   ToolContext context = Context();
   UndoStop();
   try {
@@ -301,14 +328,8 @@ void ChangeCase::RunFromToolBar(const std::function<void()>& run) {
   if (RichTextBox1.Locked) return RefuseOnEncryptedText();
   RichTextBox1.SetFocus();
   if (Fields.ToolBusy) return;
-  Fields.ToolBusy = true;
-  try {
-    run();
-  } catch (...) {
-    Fields.ToolBusy = false;
-    throw;
-  }
-  Fields.ToolBusy = false;
+  const ScopedValue busy(Fields.ToolBusy, true);
+  run();
 }
 
 void ChangeCase::UndoStop() {
@@ -360,24 +381,18 @@ void ChangeCase::ShowUndoState() {
 void ChangeCase::KeyDown(KeyEvent& key) {
   // A key held down must not run a command inside itself.
   if (Fields.ToolBusy) return;
-  Fields.ToolBusy = true;
-  try {
-    key.Handled = RunKeyCommand(*this, key);
-  } catch (...) {
-    Fields.ToolBusy = false;
-    throw;
-  }
-  Fields.ToolBusy = false;
+  const ScopedValue busy(Fields.ToolBusy, true);
+  key.Handled = RunKeyCommand(*this, key);
 }
 
 void ChangeCase::DropFiles(const std::vector<String>& paths) {
-  if (paths.empty()) return;
+  if (paths.empty() || RefusedWhileToolRuns()) return;
   Document.OpenDropped(paths.front());
   if (paths.size() > 1) Tell(u"One document at a time: only the first file was opened.");
 }
 
 void ChangeCase::Exit() {
-  if (!Document.MayExit()) return;
+  if (RefusedWhileToolRuns() || !Document.MayExit()) return;
   DeleteTemporaryFiles(Fields);
   Windows().Quit(0);
 }

@@ -38,7 +38,8 @@ class ChangeCase : public Form, private DocumentHost {
   void UndoCancel();
 
   // Runs a custom tool by its number, 1 to kMostCustomTools; one that is not there does nothing.
-  void RunCustomTool(int number);
+  // Whether it came to its end.
+  bool RunCustomTool(int number);
   ToolContext Context();
 
   SharedFields Fields;
@@ -89,6 +90,8 @@ class ChangeCase : public Form, private DocumentHost {
   void WireMenus();
   void WireEditMenu();
   void WireToolBar();
+  void GuardCommands();
+  bool RefusedWhileToolRuns();
   void Use(const Options& options);
   void ToggleWordWrap();
   void UndoLast();
@@ -104,4 +107,6 @@ class ChangeCase : public Form, private DocumentHost {
   MenuItem& CustMenu(int number);
   void OpenCommandLine();
   void OpenNamed(const String& file);
+
+  bool toolRuns_ = false;
 };

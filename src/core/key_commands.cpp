@@ -42,13 +42,15 @@ bool RunKeyCommand(ChangeCase& app, const KeyEvent& key) {
   if (find.IsOpen() && key.Key == kKeyEscape) return find.Close(), true;
   if (key.Key == kKeyReturn && app.ActiveControl == &find.txtFindText)
     return find.cmdFind.Click(), true;
+  // With Alt it is a menu's letter, a key of the desktop or, together with Ctrl, a character.
+  if (key.Alt) return false;
   for (const Command& command : kCommands) {
-    if (command.Key != key.Key || (command.Control && !key.Control)) continue;
+    if (command.Key != key.Key || command.Control != key.Control) continue;
     command.Run(app);
     return command.Swallowed;
   }
   const int custom = key.Key - kKeyF1;
-  if (custom >= 0 && custom < kMostCustomTools)
+  if (custom >= 0 && custom < kMostCustomTools && !key.Control)
     app.Menu.CustMenus[static_cast<std::size_t>(custom)].Click();
   return false;
 }

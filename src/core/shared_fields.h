@@ -2,6 +2,7 @@
 // The state that all parts of the program share. One instance, owned by the application object.
 
 #include <memory>
+#include <optional>
 
 #include "platform/text_file.h"
 

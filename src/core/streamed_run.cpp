@@ -5,7 +5,6 @@
 
 #include "platform/byte_file.h"
 #include "platform/files.h"
-#include "platform/runtime_error.h"
 #include "platform/safe_save.h"
 #include "tools/capitalization.h"
 #include "tools/catalogue.h"

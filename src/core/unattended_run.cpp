@@ -98,15 +98,21 @@ int RunOnFile(ChangeCase& app, std::size_t autoPlace) {
     if (isReadOnly) SetReadOnly(file, true);
     throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
   }
-  if (number != 0)
-    app.RunCustomTool(number);
-  else
-    std::cerr << "wordflurn: there is no custom tool named \"" << ToUtf8(name.substr(0, kShown))
-              << "\"\n";
+  const std::string shownName = '"' + ToUtf8(name.substr(0, kShown)) + '"';
+  const int notices = app.Messages.NoticeCount();
+  bool done = false;
+  if (number == 0) {
+    std::cerr << "wordflurn: there is no custom tool named " << shownName << '\n';
+  } else {
+    done = app.RunCustomTool(number) && app.Messages.NoticeCount() == notices;
+    if (!done)
+      std::cerr << "wordflurn: " << ToUtf8(file) << ": not every step of " << shownName
+                << " could be done\n";
+  }
   app.RichTextBox1.SaveFile(target, fields.DocumentFormat);
   fields.FileSaved = true;
   DeleteTemporaryFiles(fields);
-  return number != 0 ? 0 : 1;
+  return done ? 0 : 1;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "custom/settings_windows.h"
 #include "platform/files.h"
 #include "platform/runtime_error.h"
+#include "platform/scoped_value.h"
 #include "tools/catalogue.h"
 #include "tools/file_chain.h"
 #include "tools/selection.h"
@@ -15,11 +16,10 @@ bool IsNoStep(StringView name) { return name.empty() || name == kNoTool; }
 
 }  // namespace
 
-void CustomToolRunner::Run(ToolContext& context, int number) {
-  if (context.Fields.BatchMode)
-    RunOnFile(context, number);
-  else
-    RunOnEditor(context, number);
+bool CustomToolRunner::Run(ToolContext& context, int number) {
+  if (!context.Fields.BatchMode) return RunOnEditor(context, number);
+  RunOnFile(context, number);
+  return true;
 }
 
 void CustomToolRunner::ClearShowSettings() {
@@ -28,13 +28,14 @@ void CustomToolRunner::ClearShowSettings() {
   for (HtmlSettings& row : tool_.StepHtml) row.ShowSettings = 0;
 }
 
-void CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
+bool CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
   SharedFields& fields = context.Fields;
   const auto text = context.RichTextBox1.SharedText();
   ToolState& tools = context.Tools;
   const KeptSettings kept(
       {&tools.AddCarriageForm, &tools.SearchReplaceForm, &tools.HTML, &tools.RunProgramSettings});
-  fields.CustomToolRunning = true;
+  const ScopedValue running(fields.CustomToolRunning, true);
+  bool done = true;
   try {
     ReadRecord(ReadDataFile(fields.CustomToolFile), number, tool_);
     const ChainSelection selection(context);
@@ -44,9 +45,10 @@ void CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
     }
   } catch (const std::exception&) {
     // What the steps before have done stays, and can be undone.
+    done = false;
   }
-  fields.CustomToolRunning = false;
   KeepForUndo(fields, *text);
+  return done;
 }
 
 void CustomToolRunner::RunOnFile(ToolContext& context, int number) {

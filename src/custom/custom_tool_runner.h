@@ -12,10 +12,10 @@ class CustomToolRunner {
   // Runs the tool of this number in the custom tool file.
   //
   // Editor: TempFile1 holds the text from before the first step afterwards, and the settings
-  // windows hold what they held. A failure ends the run without a message.
-  // File: as the tools themselves. The result of all steps stands in TempFile1. RuntimeError; 53
-  // when no step made anything.
-  void Run(ToolContext& context, int number);
+  // windows hold what they held. A failure ends the run without a message and gives false; a tool
+  // that tells of one itself does not. File: as the tools themselves. The result of all steps
+  // stands in TempFile1. RuntimeError; 53 when no step made anything.
+  bool Run(ToolContext& context, int number);
 
   // What a batch sets. The pass that runs, 1 to 3.
   int ToolPass = 1;
@@ -39,7 +39,7 @@ class CustomToolRunner {
     StepTable<HtmlSettings> Html;
   };
 
-  void RunOnEditor(ToolContext& context, int number);
+  bool RunOnEditor(ToolContext& context, int number);
   void RunOnFile(ToolContext& context, int number);
   void FillWindows(ToolState& tools, std::size_t step) const;
   void AskSettings(ToolState& tools, std::size_t step);

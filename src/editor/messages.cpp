@@ -4,6 +4,7 @@ Messages::Messages(WindowSystem& windows)
     : Notice1(windows), Question1(windows), Working(windows), HelpWindow(windows) {}
 
 void Messages::Notice(StringView message) {
+  ++noticeCount_;
   Notice1.NoticeMessage = message;
   Notice1.ShowModal();
 }

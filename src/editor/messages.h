@@ -12,6 +12,8 @@ class Messages {
 
   // Shows a message and returns when the user has read it.
   void Notice(StringView message);
+  // How often that was done.
+  int NoticeCount() const { return noticeCount_; }
   Answer Ask(StringView question);
   // Shows a page of the help, above the window that asks for it.
   void Help(int topic);
@@ -20,4 +22,7 @@ class Messages {
   ::Question1 Question1;
   ::Working Working;
   ::HelpWindow HelpWindow;
+
+ private:
+  int noticeCount_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "tools/character_repair.h"
 
 #include "platform/runtime_error.h"
+#include "platform/scoped_value.h"
 #include "tools/carriage_returns.h"
 #include "tools/file_chain.h"
 #include "tools/leading_characters.h"
@@ -62,11 +63,10 @@ void RunKeeping(ToolContext& context, Step tool) {
   if (IsBlank(*text)) return;
   SearchReplaceForm& form = context.Tools.SearchReplaceForm;
   const SettingValues settings = form.Values();
-  context.Fields.CustomToolRunning = true;
+  const ScopedValue running(context.Fields.CustomToolRunning, true);
   const auto restore = [&] {
     KeepForUndo(context.Fields, *text);
     form.SetValues(settings);
-    context.Fields.CustomToolRunning = false;
   };
   try {
     tool(context);

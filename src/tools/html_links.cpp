@@ -1,6 +1,5 @@
 #include "tools/html_links.h"
 
-#include <algorithm>
 #include <span>
 
 namespace {

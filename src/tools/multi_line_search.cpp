@@ -1,6 +1,5 @@
 #include "tools/multi_line_search.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace {

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/runtime_error.h"
+#include "platform/scoped_value.h"
 #include "tools/selection.h"
 #include "tools/tool_frame.h"
 
@@ -53,15 +54,19 @@ void RunOnEditor(ToolContext& context, const Command& command) {
   }
   SharedFields& fields = context.Fields;
   RichTextBox& editor = context.RichTextBox1;
+  // Nobody types into the selection while it stands alone.
+  const ScopedValue locked(editor.Locked, true);
   try {
     context.Windows.DoEvents();
     const auto before = editor.SharedText();
     ToolSelection selection;
     bool keepLineEnd = false;
     selection.SelectedTextBeforeTool(context, keepLineEnd);
-    // As a file of the document's own kind, which is what the program expects.
+    // As a file of the document's own kind, which is what the program expects. A new file would be
+    // for others to read.
     TextFormat format = fields.DocumentFormat;
     format.BareCrs.clear();
+    WriteWorkFile(fields.TempFile1, {});
     editor.SaveFile(fields.TempFile1, format);
     fields.ToolRan = true;
     context.Windows.DoEvents();

@@ -51,15 +51,21 @@ bool RunOnEditor(ToolContext& context, const LineWork& work, ToolScope scope) {
   return true;
 }
 
+// Closes the result of a tool that fails, too.
+struct OutputCloser {
+  SharedFields& Fields;
+  ~OutputCloser() { Fields.OutputFileNum.reset(); }
+};
+
 void RunOnFile(SharedFields& fields, const LineWork& work) {
   FileSource in(*fields.InputFileNum);
+  const OutputCloser closer{fields};
   fields.OutputFileNum =
       std::make_unique<TextWriter>(fields.TempFile1, fields.InputFileNum->Format());
   FileSink out(*fields.OutputFileNum);
   work(in, out);
   fields.OutputFileNum->Close();
   fields.OutputFormat = fields.OutputFileNum->Format();
-  fields.OutputFileNum.reset();
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "custom/custom_tool_runner.h"
 
+#include <filesystem>
+
 #include "custom/custom_tool_record.h"
 #include "platform/runtime_error.h"
 #include "support/app_fixture.h"
@@ -167,6 +169,43 @@ TEST_F(CustomToolRunnerTest, ProgramOfAStepStaysOutOfTheWindow) {
   EXPECT_EQ(program.Get(), u"");
   EXPECT_EQ(RunOnFile("ab"), u"AB\r\n");
   EXPECT_EQ(program.Get(), u"");
+}
+
+// Events run while a step waits for its program, and the editor holds the selection alone.
+TEST_F(CustomToolRunnerTest, NothingComesBetweenTheSteps) {
+  const String waits = Files.Put(u"waits", "#!/bin/sh\nsleep 0.1\n");
+  std::filesystem::permissions(ToUtf8(waits), std::filesystem::perms::owner_all);
+  CustomTool first = WithSteps({u"Run Program", u"All Upper Case"});
+  first.StepRun[1].Program = waits;
+  StartWith({first, WithSteps({u"All Lower Case", u"All Lower Case"})});
+  const String file = Files.Put(u"document.txt", "one two three");
+  Windows.ChosenFile = file;
+  App().Menu.OpenMenu.Click();
+  RichTextBox& box = App().RichTextBox1;
+  box.SetSelStart(4);
+  box.SetSelLength(3);
+  int waited = 0;
+  Windows.OnWait = [&] {
+    if (++waited > 1) return;
+    EXPECT_EQ(box.Text(), u"two");
+    EXPECT_TRUE(box.Locked);
+    App().Menu.SaveMenu.Click();
+    App().Menu.UndoEditMenu.Click();
+    App().Menu.CustMenus[1].Click();
+    App().Command6.Click();
+    App().Menu.NewMenu.Click();
+    App().DropFiles({file});
+    App().CloseByFrame();
+  };
+  App().Menu.CustMenus[0].Click();
+  EXPECT_GT(waited, 0);
+  EXPECT_EQ(box.Text(), u"one TWO three");
+  EXPECT_EQ(BytesOf(file), "one two three");
+  EXPECT_FALSE(box.Locked);
+  EXPECT_FALSE(Windows.QuitStatus.has_value());
+  EXPECT_TRUE(Windows.Questions.empty());
+  App().Menu.SaveMenu.Click();
+  EXPECT_EQ(BytesOf(file), "one TWO three");
 }
 
 // What a step leaves may no longer show how the file holds its text.

@@ -129,6 +129,19 @@ TEST_F(EditingTest, KeysRunTheirCommands) {
   Box().SetText(u"changed");
   EXPECT_TRUE(Press('S', true));
   EXPECT_EQ(BytesOf(file), "changed");
+  // Keys of the desktop, and characters that are typed with Ctrl and Alt.
+  for (const auto& [code, control, alt] :
+       {std::tuple(kKeyF1 + 8, false, true), std::tuple(kKeyF1 + 8, true, false),
+        std::tuple(int{'N'}, true, true)}) {
+    KeyEvent key;
+    key.Key = code;
+    key.Control = control;
+    key.Alt = alt;
+    App().KeyDown(key);
+    EXPECT_FALSE(key.Handled);
+    EXPECT_FALSE(App().Menu.HorizWordWrapMenu.Checked);
+    EXPECT_EQ(Box().Text(), u"changed");
+  }
   App().Fields.ToolBusy = true;
   EXPECT_FALSE(Press('N', true));
   EXPECT_EQ(Box().Text(), u"changed");
