@@ -49,11 +49,13 @@ struct MainForm : Form {
     if (key.Control) Keys += u'^';
     Keys += static_cast<char16_t>(key.Key);
     key.Handled = key.Key == Swallow;
+    if (OnKey) OnKey();
   }
 
   std::vector<String> Dropped;
   String Keys;
   int Swallow = 0;
+  std::function<void()> OnKey;
   int Closed = 0;
 };
 
@@ -111,6 +113,14 @@ TEST_F(Bars, TheFormSeesEachKeyFirstAndMaySwallowIt) {
   EXPECT_EQ(form.Keys, u"^ZAB");
   EXPECT_EQ(atEditor, u"ZA");
   EXPECT_EQ(form.Editor->Text(), u"a");
+  // What a command does while events run may put another filter in front of the form's.
+  QObject other;
+  form.Keys.clear();
+  form.OnKey = [&] { qApp->installEventFilter(&other); };
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_C);
+  form.OnKey = nullptr;
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_C);
+  EXPECT_EQ(form.Keys, u"CC");
   form.FindText.SetFocus();
   windows.DoEvents();
   EXPECT_EQ(form.ActiveControl.Get(), &form.FindText);

@@ -12,17 +12,27 @@ class KeyPreview : public QObject {
   KeyPreview(Form& form, QWidget& window) : form_(form), window_(window) {}
 
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) {
+      done_ = nullptr;
+      return false;
+    }
+    // A filter that was added while the key's command let events run (a menu bar adds one for Alt)
+    // moves this one along the list, and it is asked again.
+    if (event == done_) return false;
     // Each key once, where it arrives first: a control passes what it does not use to its parent.
-    if (event->type() != QEvent::KeyPress || watched != QApplication::focusWidget()) return false;
+    if (watched != QApplication::focusWidget()) return false;
     if (static_cast<QWidget*>(watched)->window() != &window_) return false;
     KeyEvent key = ToKeyEvent(static_cast<QKeyEvent&>(*event));
     RunGuarded([&] { form_.KeyDown(key); });
+    done_ = event;
     return key.Handled;
   }
 
  private:
   Form& form_;
   QWidget& window_;
+  // The key whose command has run, until another event comes.
+  const QEvent* done_ = nullptr;
 };
 
 }  // namespace
