@@ -12,9 +12,6 @@
 
 namespace {
 
-// Below this the editor is as quick.
-constexpr std::uint64_t kLargeFile = 1024 * 1024;
-
 // The tools of the chain; empty when one of them needs the editor.
 std::vector<const Tool*> StreamingSteps(const CustomTool& custom) {
   std::vector<const Tool*> steps;
@@ -79,10 +76,10 @@ class FilePath {
 }  // namespace
 
 bool RunStreamed(ToolContext& context, const CustomTool& custom, const String& file,
-                 const String& target) {
+                 const String& target, std::uint64_t large) {
   SharedFields& fields = context.Fields;
   const std::vector<const Tool*> steps = StreamingSteps(custom);
-  if (steps.empty() || InputFile(file).Size() < kLargeFile || MayBeEncrypted(file)) return false;
+  if (steps.empty() || InputFile(file).Size() < large || MayBeEncrypted(file)) return false;
   const FilePath filePath(fields);
   fields.InputFileNum = std::make_unique<TextReader>(file);
   if (IsOddFormat(fields.InputFileNum->Format())) return false;
@@ -93,7 +90,7 @@ bool RunStreamed(ToolContext& context, const CustomTool& custom, const String& f
     for (std::size_t i = 0; i + 1 < steps.size(); ++i) {
       steps[i]->Run(context);
       // The editor would not go on with a text that has become blank.
-      if (InputFile(fields.TempFile1).Size() < kLargeFile) return false;
+      if (InputFile(fields.TempFile1).Size() < large) return false;
       ChainStep(fields);
     }
     return SafeReplace(target, [&](const String& scratch) {

@@ -126,6 +126,27 @@ TEST(SafeSave, HardLinksShareTheNewContent) {
   EXPECT_EQ(folder.Names().size(), 3u);
 }
 
+// Half way a file that is rewritten in place is neither the old one nor the new one.
+TEST(SafeSave, ASignalWaitsForARewriteInPlace) {
+  const TestFolder folder;
+  folder.Put("name", "a longer old text");
+  fs::create_hard_link(folder.Path / "name", folder.Path / "second");
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const int status = InChild([&] {
+      std::signal(signal, [](int) { _exit(9); });
+      SafeSave(folder / "name", [signal](const ByteSink& sink) {
+        sink("new ");
+        std::raise(signal);
+        sink("text");
+      });
+    });
+    EXPECT_EQ(status, 9) << "the signal comes afterwards";
+    EXPECT_EQ(folder.Get("name"), "new text");
+    EXPECT_EQ(folder.Names(), (std::set<std::string>{"name", "second"}));
+    folder.Put("name", "a longer old text");
+  }
+}
+
 TEST(SafeSave, AttributesAndModeStay) {
   const TestFolder folder;
   folder.Put("name", "old");

@@ -86,6 +86,8 @@ void KeepCopy(const String& path, ScratchFile& copy) {
 }
 
 void RewriteInPlace(int descriptor, const String& path, const Producer& produce) {
+  // Ended half way, the file would be half new.
+  const SignalsHeld held;
   ScratchFile copy;
   KeepCopy(path, copy);
   try {

@@ -13,5 +13,17 @@ class RemovedOnSignal {
   ~RemovedOnSignal();
 };
 
+// Such a signal waits until the object goes. One at a time.
+class SignalsHeld {
+ public:
+  SignalsHeld();
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
+  ~SignalsHeld();
+
+ private:
+  void (*handlers_[3])(int);
+};
+
 // From now on such a signal removes that file before it ends the program as it always does.
 void TidyUpOnSignals();
