@@ -61,7 +61,7 @@ String TargetOf(const String& file, const SharedFields& fields, bool asHtml) {
 }
 
 // False where the tool has to run on the editor.
-bool RunStreamed(ChangeCase& app, int number, const String& file, const String& target) {
+bool TryStreamed(ChangeCase& app, int number, const String& file, const String& target) {
   CustomTool tool;
   try {
     ReadRecord(ReadDataFile(app.Fields.CustomToolFile), number, tool);
@@ -91,7 +91,7 @@ int RunOnFile(ChangeCase& app, std::size_t autoPlace) {
   if (isReadOnly && target == file)
     throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": the file is read-only");
   const int number = FindCustomTool(app, name);
-  if (number != 0 && RunStreamed(app, number, file, target)) return 0;
+  if (number != 0 && TryStreamed(app, number, file, target)) return 0;
   app.Document.OpenNamed(file);
   if (app.RichTextBox1.Locked) {
     // Opening an encrypted file makes it writable.

@@ -1,6 +1,7 @@
 #include "custom/custom_tool_record.h"
 
 #include "platform/runtime_error.h"
+#include "tools/catalogue.h"
 
 namespace {
 
@@ -138,10 +139,10 @@ struct Block {
 };
 
 constexpr Block kBlocks[] = {
-    {u"RunProgram", u"Run Program", WriteRun, ReadRun},
-    {u"HTML", u"Convert TO HTML", WriteHtml, ReadHtml},
-    {u"Search", u"Search and Replace", WriteSearch, ReadSearch},
-    {u"Add", u"Add Trailing Carriage Returns", WriteAdd, ReadAdd},
+    {u"RunProgram", kRunProgram, WriteRun, ReadRun},
+    {u"HTML", kToHtml, WriteHtml, ReadHtml},
+    {u"Search", kSearchAndReplace, WriteSearch, ReadSearch},
+    {u"Add", kAddCarriageReturns, WriteAdd, ReadAdd},
 };
 
 // The step that a line "Add1-3:" is about; what stands round its digit is not looked at.

@@ -14,6 +14,11 @@ namespace {
 
 bool IsNoStep(StringView name) { return name.empty() || name == kNoTool; }
 
+// The setting that a step has wherever it has any.
+const String& Essential(const AddSettings& settings) { return settings.Position; }
+const String& Essential(const SearchReplaceSettings& settings) { return settings.SearchText; }
+const String& Essential(const HtmlSettings& settings) { return settings.HeaderFile; }
+
 }  // namespace
 
 bool CustomToolRunner::Run(ToolContext& context, int number) {
@@ -22,10 +27,21 @@ bool CustomToolRunner::Run(ToolContext& context, int number) {
   return true;
 }
 
+template <typename Work>
+void CustomToolRunner::ForEachKind(std::size_t step, ToolState& tools, Work work) {
+  Chosen& chosen = chosen_[static_cast<std::size_t>(ToolPass)];
+  work(kAddCarriageReturns, tool_.StepAdd[step], chosen.Add[step], tools.AddCarriageForm);
+  work(kSearchAndReplace, tool_.StepSearch[step], chosen.Search[step], tools.SearchReplaceForm);
+  work(kToHtml, tool_.StepHtml[step], chosen.Html[step], tools.HTML);
+}
+
 void CustomToolRunner::ClearShowSettings() {
-  for (AddSettings& row : tool_.StepAdd) row.ShowSettings = 0;
-  for (SearchReplaceSettings& row : tool_.StepSearch) row.ShowSettings = 0;
-  for (HtmlSettings& row : tool_.StepHtml) row.ShowSettings = 0;
+  const auto clear = [](auto& table) {
+    for (auto& row : table) row.ShowSettings = 0;
+  };
+  clear(tool_.StepAdd);
+  clear(tool_.StepSearch);
+  clear(tool_.StepHtml);
 }
 
 bool CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
@@ -67,8 +83,8 @@ void CustomToolRunner::RunOnFile(ToolContext& context, int number) {
     if (step == kMostSteps) PassSettingsPending[pass] = false;
     RunStep(context, step);
     const String& name = tool_.StepNames[step];
-    if (name == u"Convert FROM HTML" && RenameToTxt) RenameToTxt();
-    if (name == u"Convert TO HTML" && RenameToHtml) RenameToHtml();
+    if (name == kFromHtml && RenameToTxt) RenameToTxt();
+    if (name == kToHtml && RenameToHtml) RenameToHtml();
     if (step < kMostSteps && !IsNoStep(name) && FileExists(fields.TempFile1)) ChainStep(fields);
   }
   if (!FileExists(fields.TempFile1))
@@ -76,64 +92,46 @@ void CustomToolRunner::RunOnFile(ToolContext& context, int number) {
 }
 
 // A step that has no value of its own runs with what its window holds from before.
-void CustomToolRunner::FillWindows(ToolState& tools, std::size_t step) const {
-  if (!tool_.StepAdd[step].Position.empty()) Put(tool_.StepAdd[step], tools.AddCarriageForm);
-  if (!tool_.StepSearch[step].SearchText.empty())
-    Put(tool_.StepSearch[step], tools.SearchReplaceForm);
-  if (!tool_.StepHtml[step].HeaderFile.empty()) Put(tool_.StepHtml[step], tools.HTML);
+void CustomToolRunner::FillWindows(ToolState& tools, std::size_t step) {
+  ForEachKind(step, tools, [](StringView, const auto& row, auto&, auto& window) {
+    if (!Essential(row).empty()) Put(row, window);
+  });
   tools.RunProgramSettings.Text1.Text = tool_.StepRun[step].Program;
   tools.RunProgramSettings.Text2.Text = tool_.StepRun[step].Arguments;
 }
 
 void CustomToolRunner::AskSettings(ToolState& tools, std::size_t step) {
   bool anyShows = false;
-  for (std::size_t i = 1; i <= kMostSteps; ++i) anyShows = anyShows || Shows(i);
+  for (std::size_t i = 1; i <= kMostSteps; ++i) {
+    ForEachKind(i, tools, [&anyShows](StringView, const auto& row, auto&, auto&) {
+      anyShows = anyShows || row.ShowSettings == 1;
+    });
+  }
   if (step == 1 && anyShows) {
     CustShowWinNotice.ToolPass = ToolPass;
     CustShowWinNotice.ShowModal();
   }
   // What the windows then hold is taken, whichever button was used.
-  Chosen& chosen = chosen_[static_cast<std::size_t>(ToolPass)];
-  if (tool_.StepAdd[step].ShowSettings == 1) {
-    tools.AddCarriageForm.ShowModal();
-    chosen.Add[step] = SettingsIn(tools.AddCarriageForm);
-  }
-  if (tool_.StepSearch[step].ShowSettings == 1) {
-    tools.SearchReplaceForm.ShowModal();
-    chosen.Search[step] = SettingsIn(tools.SearchReplaceForm);
-  }
-  if (tool_.StepHtml[step].ShowSettings == 1) {
-    tools.HTML.ShowModal();
-    chosen.Html[step] = SettingsIn(tools.HTML);
-  }
+  ForEachKind(step, tools, [](StringView, const auto& row, auto& chosen, auto& window) {
+    if (row.ShowSettings != 1) return;
+    window.ShowModal();
+    chosen = SettingsIn(window);
+  });
 }
 
-void CustomToolRunner::UseChosen(ToolState& tools, std::size_t step) const {
-  const Chosen& chosen = chosen_[static_cast<std::size_t>(ToolPass)];
-  if (tool_.StepAdd[step].ShowSettings == 1) Put(chosen.Add[step], tools.AddCarriageForm);
-  if (tool_.StepSearch[step].ShowSettings == 1) Put(chosen.Search[step], tools.SearchReplaceForm);
-  if (tool_.StepHtml[step].ShowSettings == 1) Put(chosen.Html[step], tools.HTML);
-}
-
-bool CustomToolRunner::Shows(std::size_t step) const {
-  return tool_.StepAdd[step].ShowSettings == 1 || tool_.StepSearch[step].ShowSettings == 1 ||
-         tool_.StepHtml[step].ShowSettings == 1;
+void CustomToolRunner::UseChosen(ToolState& tools, std::size_t step) {
+  ForEachKind(step, tools, [](StringView, const auto& row, const auto& chosen, auto& window) {
+    if (row.ShowSettings == 1) Put(chosen, window);
+  });
 }
 
 void CustomToolRunner::RunStep(ToolContext& context, std::size_t step) {
-  const struct {
-    StringView StepName;
-    int ShowSettings;
-  } asking[] = {
-      {u"Add Trailing Carriage Returns", tool_.StepAdd[step].ShowSettings},
-      {u"Search and Replace", tool_.StepSearch[step].ShowSettings},
-      {u"Convert TO HTML", tool_.StepHtml[step].ShowSettings},
-  };
   const String& name = tool_.StepNames[step];
   const Tool* tool = FindTool(name);
   if (tool == nullptr) return;
-  bool show = false;
-  for (const auto& [stepName, showSettings] : asking)
-    show = show || (name == stepName && showSettings == 1 && !context.Fields.BatchMode);
-  (show ? tool->Click : tool->Run)(context);
+  bool asks = false;
+  ForEachKind(step, context.Tools, [&](StringView stepName, const auto& row, auto&, auto&) {
+    asks = asks || (name == stepName && row.ShowSettings == 1 && !context.Fields.BatchMode);
+  });
+  (asks ? tool->Click : tool->Run)(context);
 }

@@ -41,11 +41,14 @@ class CustomToolRunner {
 
   bool RunOnEditor(ToolContext& context, int number);
   void RunOnFile(ToolContext& context, int number);
-  void FillWindows(ToolState& tools, std::size_t step) const;
+  // Does the work for each kind of settings that a step may have: the name of such a step, its
+  // settings, what the user chose for it, and the window of its tool.
+  template <typename Work>
+  void ForEachKind(std::size_t step, ToolState& tools, Work work);
+  void FillWindows(ToolState& tools, std::size_t step);
   void AskSettings(ToolState& tools, std::size_t step);
-  void UseChosen(ToolState& tools, std::size_t step) const;
+  void UseChosen(ToolState& tools, std::size_t step);
   void RunStep(ToolContext& context, std::size_t step);
-  bool Shows(std::size_t step) const;
 
   CustomTool tool_;
   // By pass.

@@ -19,8 +19,8 @@ constexpr bool kStreams = true;
 constexpr Tool kTools[] = {
     {CarriageReturns, u"Remove Trailing Carriage &Returns", u"Remove Trailing Carriage Returns",
      RemoveCarriage, nullptr, kStreams},
-    {CarriageReturns, u"Add Trailing Carriage Returns", u"Add Trailing Carriage Returns",
-     AddCarriage2, LoadCarriageForm},
+    {CarriageReturns, u"Add Trailing Carriage Returns", kAddCarriageReturns, AddCarriage2,
+     LoadCarriageForm},
     {Capitalization, u"All &Lower Case", u"All Lower Case", LowerCaseText, nullptr, kStreams},
     {Capitalization, u"All &Upper Case", u"All Upper Case", UpperCaseText, nullptr, kStreams},
     {Capitalization, u"&Capitalize 1st Letter on Every Line",
@@ -44,15 +44,14 @@ constexpr Tool kTools[] = {
     {AlterCharacters, u"Indent Paragraphs", u"Indent Paragraphs", IndentParag},
     {AlterCharacters, u"Fix Odd-Looking Characters (upper->lower ASCII)",
      u"Fix Odd-Looking Characters (upper->lower ASCII)", FixUpperASCII, FixUpperASCIIFromMenu},
-    {HtmlConversion, u"Convert to &HTML", u"Convert TO HTML", ConvertToHTML, LoadHTMLOptionForm},
-    {HtmlConversion, u"Convert from HTML", u"Convert FROM HTML", ConvertFROMHTML},
-    {TopOfTools, u"Search and Replace", u"Search and Replace", SearchReplace,
-     LoadSearchReplaceForm},
+    {HtmlConversion, u"Convert to &HTML", kToHtml, ConvertToHTML, LoadHTMLOptionForm},
+    {HtmlConversion, u"Convert from HTML", kFromHtml, ConvertFROMHTML},
+    {TopOfTools, u"Search and Replace", kSearchAndReplace, SearchReplace, LoadSearchReplaceForm},
     {TopOfTools, u"Email Cleanup - Standard", u"Email Cleanup - Standard", EmailCleanup,
      EmailCleanupFromMenu},
     {TopOfTools, u"Email Cleanup - Poem or List", u"Email Cleanup - Poem or List", EmailCleanupPoem,
      EmailCleanupPoemFromMenu},
-    {CustomAndBatchOnly, u"", u"Run Program", RunProgramAsSet},
+    {CustomAndBatchOnly, u"", kRunProgram, RunProgramAsSet},
 };
 
 constexpr ToolMenuGroup kGroups[] = {

@@ -34,6 +34,12 @@ struct Tool {
 
 // An empty step of a custom tool or of the batch.
 inline constexpr StringView kNoTool = u"None Selected";
+// Stored names of the tools that more than their own file knows.
+inline constexpr StringView kAddCarriageReturns = u"Add Trailing Carriage Returns";
+inline constexpr StringView kToHtml = u"Convert TO HTML";
+inline constexpr StringView kFromHtml = u"Convert FROM HTML";
+inline constexpr StringView kSearchAndReplace = u"Search and Replace";
+inline constexpr StringView kRunProgram = u"Run Program";
 
 // In menu order.
 std::span<const Tool> Catalogue();
