@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "tools/compared_text.h"
 #include "tools/search_settings.h"
-#include "tools/word_search.h"
 
 // What a run of Search and Replace keeps from line to line, and the place from run to run.
 struct ReplaceState {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/runtime_error.h"
-#include "tools/multi_line_search.h"
-#include "tools/search_words.h"
+#include "tools/replace_across_lines.h"
+#include "tools/search_syntax.h"
 
 namespace {
 

@@ -1,10 +1,12 @@
 // Throws random texts at every tool: fuzz_tools [RUNS [SEED [TOOL]]]
 
+#include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <iostream>
-#include <random>
 
 #include "fuzz/tool_properties.h"
+#include "tools/random_text.h"
 
 namespace {
 
@@ -25,14 +27,19 @@ constexpr StringView kTokens[] = {
     u"ftp:",     u"1",         u"-",        u"-----", u"*",      u"\u0000x",    u"word word word",
 };
 
-String RandomTextOf(std::mt19937& random) {
-  const auto below = [&](std::size_t n) {
-    return std::uniform_int_distribution<std::size_t>(0, n - 1)(random);
-  };
-  String text;
-  for (std::size_t left = below(below(8) == 0 ? 400 : 40); left > 0; --left)
-    text += kTokens[below(std::size(kTokens))];
-  return text;
+// A tool that is added is sent texts, too.
+bool AllAreThere() {
+  bool all = true;
+  for (const Tool& tool : Catalogue()) {
+    const auto fuzzed = FuzzedTools();
+    if (tool.Caption.empty() || std::any_of(fuzzed.begin(), fuzzed.end(), [&](const auto& row) {
+          return row.StoredName == tool.StoredName;
+        }))
+      continue;
+    std::cerr << ToUtf8(tool.StoredName) << " is sent no texts\n";
+    all = false;
+  }
+  return all;
 }
 
 }  // namespace
@@ -41,11 +48,13 @@ int main(int argc, char** argv) {
   const long runs = argc > 1 ? std::atol(argv[1]) : 100;
   const auto seed = static_cast<unsigned>(argc > 2 ? std::atol(argv[2]) : 1);
   const String wanted = argc > 3 ? FromUtf8(argv[3]) : String();
-  std::mt19937 random(seed);
+  if (!AllAreThere()) return 1;
+  RandomText random(seed);
   for (long run = 0; run < runs; ++run) {
     for (const FuzzedTool& tool : FuzzedTools()) {
-      if (wanted.empty() || tool.StoredName == wanted)
-        CheckTool(tool, Readable(RandomTextOf(random)), static_cast<unsigned>(random()));
+      if (!wanted.empty() && tool.StoredName != wanted) continue;
+      const String text = random.Of(kTokens, random.Number(7) == 0 ? 400 : 40);
+      CheckTool(tool, Readable(text), static_cast<unsigned>(random.Number(UINT_MAX)));
     }
   }
   std::cout << runs << " texts for each tool, seed " << seed << ": all well\n";

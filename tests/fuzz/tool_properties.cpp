@@ -75,16 +75,16 @@ String LettersOf(StringView text) {
 class QuietWindowSystem : public ConsoleWindowSystem {
  public:
   void RunModal(Form& form) override {
-    anything = !form.AnswerUnattended().empty() || anything;
+    Anything = !form.AnswerUnattended().empty() || Anything;
     form.Hide();
   }
-  bool anything = false;
+  bool Anything = false;
 };
 
 // One run of one tool.
-class Bench {
+class ToolRun {
  public:
-  Bench(const FuzzedTool& tool, unsigned choice) : run_(FindTool(tool.StoredName)->Run) {
+  ToolRun(const FuzzedTool& tool, unsigned choice) : run_(FindTool(tool.StoredName)->Run) {
     SetDataPaths(fields_, folder_.Path(), folder_.Path());
     tool.Set(tools_, choice);
     fields_.CustomToolRunning = true;
@@ -96,9 +96,9 @@ class Bench {
     return editor_->Text();
   }
   // Empty with `code` where the tool failed.
-  String OnFile(StringView text, int& code) {
+  String OnFile(const std::string& bytes, int& code) {
     fields_.BatchMode = true;
-    fields_.BatchCurrentFile = folder_.Put(u"in", ToUtf8(text));
+    fields_.BatchCurrentFile = folder_.Put(u"in", bytes);
     fields_.InputFileNum = std::make_unique<TextReader>(fields_.BatchCurrentFile);
     code = 0;
     try {
@@ -109,7 +109,7 @@ class Bench {
     }
     return ReadTextFile(fields_.TempFile1).Text;
   }
-  bool SaidAnything() const { return windows_.anything; }
+  bool SaidAnything() const { return windows_.Anything; }
 
  private:
   TempFolder folder_;
@@ -121,6 +121,18 @@ class Bench {
   ToolContext context_{fields_, *editor_, messages_, windows_, tools_};
   void (*run_)(ToolContext&);
 };
+
+// The text as a file with LF line ends; none where a CR or an LF stands alone.
+std::optional<std::string> UnixBytesOf(StringView text) {
+  String unixText;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool pair = text.substr(i).starts_with(kCrLf);
+    if (!pair && (text[i] == kCr || text[i] == kLf)) return std::nullopt;
+    unixText += pair ? kLf : text[i];
+    i += pair ? 1 : 0;
+  }
+  return ToUtf8(unixText);
+}
 
 struct Checker {
   const FuzzedTool& Tool;
@@ -144,19 +156,23 @@ std::span<const FuzzedTool> FuzzedTools() { return kTools; }
 void CheckTool(const FuzzedTool& tool, StringView text, unsigned choice) {
   const Checker check{tool, text, choice};
   int code = 0;
-  Bench editor(tool, choice);
+  ToolRun editor(tool, choice);
   const String result = editor.OnEditor(text);
-  const String fromFile = Bench(tool, choice).OnFile(text, code);
+  const String fromFile = ToolRun(tool, choice).OnFile(ToUtf8(text), code);
   if (code != 0) {
     check.Expect(editor.SaidAnything(), "fails on a file and is silent on the editor", result);
     return;
   }
   check.Expect(!editor.SaidAnything(), "fails on the editor alone", result);
   check.Expect(fromFile == result, "the file differs from the editor", fromFile);
+  if (const auto bytes = UnixBytesOf(text)) {
+    const String fromUnix = ToolRun(tool, choice).OnFile(*bytes, code);
+    check.Expect(fromUnix == result, "the file with LF line ends differs", fromUnix);
+  }
   if (tool.KeepsLetters)
     check.Expect(LettersOf(result) == LettersOf(text), "letters are lost", result);
   if (tool.Idempotent && !IsBlank(result)) {
-    const String again = Bench(tool, choice).OnEditor(result);
+    const String again = ToolRun(tool, choice).OnEditor(result);
     check.Expect(again == result, "a second run changes the text again", again);
   }
 }

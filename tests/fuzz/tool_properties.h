@@ -14,7 +14,7 @@ struct FuzzedTool {
   bool Idempotent;
 };
 
-// Every tool of the catalogue that changes text by itself.
+// Every tool of the menu.
 std::span<const FuzzedTool> FuzzedTools();
 
 // Runs the tool over the text on the editor and on a file and checks what holds for it; ends the

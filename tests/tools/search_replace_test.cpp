@@ -3,11 +3,11 @@
 #include "platform/runtime_error.h"
 #include "support/tool_fixture.h"
 #include "tools/catalogue.h"
+#include "tools/compared_text.h"
 #include "tools/random_text.h"
 #include "tools/replace_engine.h"
-#include "tools/search_words.h"
+#include "tools/search_syntax.h"
 #include "tools/text_lines.h"
-#include "tools/word_search.h"
 
 namespace {
 

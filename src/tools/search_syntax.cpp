@@ -1,4 +1,4 @@
-#include "tools/search_words.h"
+#include "tools/search_syntax.h"
 
 #include <algorithm>
 

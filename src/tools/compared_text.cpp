@@ -1,4 +1,4 @@
-#include "tools/word_search.h"
+#include "tools/compared_text.h"
 
 #include <algorithm>
 

@@ -1,5 +1,6 @@
 #pragma once
-// Where a text stands in a line, as Search and Replace looks for it.
+// A text in the shape in which Search and Replace compares it, and what may stand round a whole
+// word.
 
 #include <cstddef>
 

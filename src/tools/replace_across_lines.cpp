@@ -1,4 +1,4 @@
-#include "tools/multi_line_search.h"
+#include "tools/replace_across_lines.h"
 
 #include <optional>
 
