@@ -235,8 +235,7 @@ void ChangeCase::ShowCustomTools() {
 }
 
 void ChangeCase::OpenCommandLine() {
-  int status = 0;
-  if (RunUnattended(*this, status)) return Windows().Quit(status);
+  if (const auto status = RunUnattended(*this)) return Windows().Quit(*status);
   Fields.ViewHtmlOnStart = HasSwitch(Fields.CommandLine, u"/VIEWHTML");
   if (const String file = FileArgument(Fields.CommandLine); !file.empty()) OpenNamed(file);
   if (HasSwitch(Fields.CommandLine, u"/EOF")) RichTextBox1.SetSelStart(RichTextBox1.TextLength());
@@ -261,7 +260,7 @@ void ChangeCase::ApplyOptions() {
       const String here = CurrentFolder();
       SetCurrentFolder(options.StartupFolder);
       SetCurrentFolder(here);
-      CommonDialog1.InitDir = options.StartupFolder;
+      CommonDialog1.InitDir = Tools.HTML.CommonDialog1.InitDir = options.StartupFolder;
     }
     for (const String& file : {options.DefaultHeaderFile, options.DefaultFooterFile}) {
       if (!IsBlank(file)) TestReadable(file);

@@ -18,13 +18,13 @@ constexpr StringView kProduct = u"WordFlurn 2.0";
 // Characters of a name in a message.
 constexpr std::size_t kShown = 200;
 
-// The cleaned text is left on the clipboard.
-void CleanClipboard(ChangeCase& app, void (*clean)(ToolContext&)) {
+// The cleaned text is left on the clipboard. The exit status.
+int CleanClipboard(ChangeCase& app, void (*clean)(ToolContext&)) {
   app.Caption = String(kProduct);
   app.Fields.TextChanged = app.Fields.FileSaved = app.Fields.HasFileName = false;
   ToolContext context = app.Context();
   // Whatever else is on the clipboard stays there.
-  if (!context.Windows.Clipboard().HasText()) return;
+  if (!context.Windows.Clipboard().HasText()) return 0;
   app.Edit.PasteText();
   if (app.RichTextBox1.Locked)
     throw RuntimeError(kEncryptedFile, "The text on the clipboard is encrypted");
@@ -34,6 +34,7 @@ void CleanClipboard(ChangeCase& app, void (*clean)(ToolContext&)) {
   app.Edit.SelectAll();
   app.Edit.CopyText();
   context.Windows.DoEvents();
+  return 0;
 }
 
 // 0 when no tool has this name.
@@ -122,22 +123,20 @@ bool WantsNoWindow(StringView commandLine) {
   return HasSwitch(commandLine, u"/AUTO:") || HasSwitch(commandLine, u"/MFF");
 }
 
-bool RunUnattended(ChangeCase& app, int& status) {
+std::optional<int> RunUnattended(ChangeCase& app) {
   const StringView line = app.Fields.CommandLine;
-  status = 0;
-  if (HasSwitch(line, u"/EMAILSTD")) return CleanClipboard(app, EmailCleanupFromMenu), true;
-  if (HasSwitch(line, u"/EMAILPOEM")) return CleanClipboard(app, EmailCleanupPoemFromMenu), true;
+  if (HasSwitch(line, u"/EMAILSTD")) return CleanClipboard(app, EmailCleanupFromMenu);
+  if (HasSwitch(line, u"/EMAILPOEM")) return CleanClipboard(app, EmailCleanupPoemFromMenu);
   if (HasSwitch(line, u"/MFF")) {
     throw RefusedCommandLine{String(kError),
                              u"This version of WordFlurn cannot run a Multiple File Flurn yet."};
   }
   const auto autoPlace = FindSwitch(line, u"/AUTO:");
-  if (!autoPlace) return false;
+  if (!autoPlace) return std::nullopt;
   try {
-    status = RunOnFile(app, *autoPlace);
+    return RunOnFile(app, *autoPlace);
   } catch (...) {
     DeleteTemporaryFiles(app.Fields);
     throw;
   }
-  return true;
 }

@@ -2,6 +2,8 @@
 // What the command line has the program do without a user: a custom tool on a file, or Email
 // Cleanup on the clipboard.
 
+#include <optional>
+
 #include "platform/text.h"
 
 class ChangeCase;
@@ -15,7 +17,6 @@ struct RefusedCommandLine {
 // The run takes place on the terminal's side, without a window.
 bool WantsNoWindow(StringView commandLine);
 
-// Runs what the command line of the loaded program asks for, if anything. True: it did, and the
-// program ends with `status`. RefusedCommandLine; RuntimeError when a file can't be read or
-// written.
-bool RunUnattended(ChangeCase& app, int& status);
+// Runs what the command line of the loaded program asks for, if anything, and returns the exit
+// status. RefusedCommandLine; RuntimeError when a file can't be read or written.
+std::optional<int> RunUnattended(ChangeCase& app);

@@ -12,6 +12,8 @@ class CommonDialog {
   // has changed.
   virtual void ShowOpen() = 0;
   virtual void ShowSave() = 0;
+  // ShowOpen; false when it was cancelled.
+  bool AskForFile();
 
   String DialogTitle;
   // The path.

@@ -14,7 +14,8 @@ bool IsDefaultPart(StringView file) { return file == kDefault || IsBlank(file); 
 
 HTML::HTML(WindowSystem& windows, Messages& messages)
     : SettingsForm(windows, messages, {&Text1, &Text2}, {&Check1, &Check2}),
-      dialog_(windows.CreateCommonDialog()) {
+      commonDialog1_(windows.CreateCommonDialog()),
+      CommonDialog1(*commonDialog1_) {
   Caption = u"Convert to HTML Settings";
   Label1.Caption =
       u"If you have a website and you want to convert using specific header/footer information, "
@@ -57,16 +58,11 @@ Layout HTML::Content() {
 }
 
 void HTML::Browse(TextBox& box) {
-  dialog_->DialogTitle = u"Browse";
-  dialog_->Filter =
+  CommonDialog1.DialogTitle = u"Browse";
+  CommonDialog1.Filter =
       u"All Files (*.*)|*.*|Text Files (*.txt)|*.txt|HTML Files (*.html;*.htm)|*.html;*.htm";
-  dialog_->FilterIndex = 1;
-  try {
-    dialog_->ShowOpen();
-  } catch (const RuntimeError&) {
-    return;
-  }
-  if (!dialog_->FileName.empty()) box.Text = dialog_->FileName;
+  CommonDialog1.FilterIndex = 1;
+  if (CommonDialog1.AskForFile()) box.Text = CommonDialog1.FileName;
 }
 
 bool HTML::CanRead(const TextBox& box, StringView complaint) {

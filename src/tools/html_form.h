@@ -12,6 +12,12 @@ class HTML : public SettingsForm {
   HTML(WindowSystem& windows, Messages& messages);
   Layout Content() override;
 
+ private:
+  std::unique_ptr<CommonDialog> commonDialog1_;
+
+ public:
+  CommonDialog& CommonDialog1;
+
   Label Label1;
   Label Label2;
   Label Label3;
@@ -34,8 +40,6 @@ class HTML : public SettingsForm {
  private:
   void Browse(TextBox& box);
   bool CanRead(const TextBox& box, StringView complaint);
-
-  std::unique_ptr<CommonDialog> dialog_;
 };
 
 // Whether a header or footer is the program's own.

@@ -46,12 +46,7 @@ void RunProgramSettings::Browse() {
   dialog_->Flags = CommonDialog::kHideReadOnly;
   dialog_->Filter = u"Executable Files (*.exe)|*.exe|All Files (*.*)|*.*|";
   dialog_->FilterIndex = 1;
-  try {
-    dialog_->ShowOpen();
-  } catch (const RuntimeError&) {
-    return;
-  }
-  if (!IsBlank(dialog_->FileName)) Text1.Text = dialog_->FileName;
+  if (dialog_->AskForFile()) Text1.Text = dialog_->FileName;
 }
 
 bool RunProgramSettings::Check() {

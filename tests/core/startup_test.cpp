@@ -101,6 +101,7 @@ TEST_F(StartTest, OptionsOrTheDefaults) {
     EXPECT_EQ(app.Fields.ViewFontSize, c.Good ? 10 : 12);
     if (c.Good) {
       EXPECT_EQ(app.CommonDialog1.InitDir, Files.Path());
+      EXPECT_EQ(app.Tools.HTML.CommonDialog1.InitDir, Files.Path());
     }
     EXPECT_FALSE(app.Fields.TextChanged);
     EXPECT_TRUE(Windows.Notices.empty());
