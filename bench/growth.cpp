@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
 
 #include "core/data_files.h"
@@ -157,6 +158,10 @@ double Seconds(const Case& c, std::size_t size) {
 
 int main(int argc, char** argv) {
   KeepFreedMemory();
+  namespace fs = std::filesystem;
+  const fs::path folder = fs::temp_directory_path() / "wordflurn-growth";
+  fs::create_directories(folder);
+  fs::current_path(folder);
   const std::string_view wanted = argc > 1 ? argv[1] : "";
   for (const Case& c : kCases) {
     if (std::string_view(c.Name).find(wanted) == std::string_view::npos) continue;
@@ -169,4 +174,6 @@ int main(int argc, char** argv) {
     }
     std::fflush(stdout);
   }
+  fs::current_path(folder.parent_path());
+  fs::remove_all(folder);
 }
