@@ -79,6 +79,8 @@ void ChangeCase::WireEditor() {
     UndoEdit.SelectionChanged();
   };
   RichTextBox1.OnKeyDown = [this](KeyEvent& key) {
+    // Ctrl+Z is no menu's command here.
+    if (toolRuns_) return;
     const bool controlAlone = key.Control && !key.Shift && !key.Alt;
     if (controlAlone && key.Key == 'V' && !RichTextBox1.Locked) Edit.BeforeKeyPaste();
     UndoEdit.KeyDown(key);

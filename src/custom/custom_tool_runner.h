@@ -13,8 +13,10 @@ class CustomToolRunner {
   //
   // Editor: TempFile1 holds the text from before the first step afterwards, and the settings
   // windows hold what they held. A failure ends the run without a message and gives false; a tool
-  // that tells of one itself does not. File: as the tools themselves. The result of all steps
-  // stands in TempFile1. RuntimeError; 53 when no step made anything.
+  // that tells of one itself does not.
+  //
+  // File: as the tools themselves. The result of all steps stands in TempFile1. RuntimeError; 53
+  // when no step made anything.
   bool Run(ToolContext& context, int number);
 
   // What a batch sets. The pass that runs, 1 to 3.

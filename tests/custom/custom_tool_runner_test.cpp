@@ -191,6 +191,10 @@ TEST_F(CustomToolRunnerTest, NothingComesBetweenTheSteps) {
     EXPECT_TRUE(box.Locked);
     App().Menu.SaveMenu.Click();
     App().Menu.UndoEditMenu.Click();
+    KeyEvent undo;
+    undo.Key = 'Z';
+    undo.Control = true;
+    box.OnKeyDown(undo);
     App().Menu.CustMenus[1].Click();
     App().Command6.Click();
     App().Menu.NewMenu.Click();
@@ -206,6 +210,8 @@ TEST_F(CustomToolRunnerTest, NothingComesBetweenTheSteps) {
   EXPECT_TRUE(Windows.Questions.empty());
   App().Menu.SaveMenu.Click();
   EXPECT_EQ(BytesOf(file), "one TWO three");
+  App().Menu.UndoEditMenu.Click();
+  EXPECT_EQ(box.Text(), u"one two three");
 }
 
 // What a step leaves may no longer show how the file holds its text.
