@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "editor/cls_undo.h"
-#include "platform/find_text.h"
 #include "platform/qt/qt_window_system.h"
-#include "platform/text_file.h"
+#include "platform/system/text_file.h"
+#include "text/find_text.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 #include <iostream>
 #include <vector>
 
-#include "core/data_files.h"
 #include "platform/console/console_window_system.h"
-#include "platform/memory.h"
+#include "platform/system/memory.h"
+#include "state/data_files.h"
 #include "tools/catalogue.h"
 
 namespace {

@@ -6,15 +6,15 @@
 
 #include "core/command_line.h"
 #include "core/startup.h"
-#include "core/tool_on_files.h"
 #include "core/unattended_run.h"
 #include "editor/messages.h"
 #include "platform/console/console_window_system.h"
-#include "platform/console/signals.h"
-#include "platform/memory.h"
-#include "platform/runtime_error.h"
-#include "platform/terminal.h"
-#include "platform/window_module.h"
+#include "platform/system/memory.h"
+#include "platform/system/signals.h"
+#include "platform/system/terminal.h"
+#include "platform/window/window_module.h"
+#include "text/runtime_error.h"
+#include "tools/tool_on_files.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 #include "core/change_case.h"
 
 #include "core/command_line.h"
-#include "core/data_files.h"
 #include "core/key_commands.h"
 #include "core/unattended_run.h"
 #include "editor/help_topics.h"
 #include "editor/plain_undo.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "platform/scoped_value.h"
+#include "platform/system/files.h"
+#include "state/data_files.h"
+#include "text/runtime_error.h"
+#include "text/scoped_value.h"
 #include "tools/character_repair.h"
 
 namespace {

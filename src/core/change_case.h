@@ -7,13 +7,13 @@
 #include <memory>
 
 #include "core/main_menu.h"
-#include "core/options.h"
 #include "core/status_line.h"
 #include "custom/custom_tool_runner.h"
 #include "editor/cls_undo.h"
 #include "editor/document.h"
 #include "editor/edit_commands.h"
 #include "editor/find_panel.h"
+#include "state/options.h"
 #include "tools/tool_context.h"
 
 class ChangeCase : public Form, private DocumentHost {

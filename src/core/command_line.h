@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 // The arguments joined by blanks. A path that holds what looks like a switch in the middle, such as
 // a folder "eof", is put into double quotes.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/key_event.h"
+#include "platform/window/key_event.h"
 
 class ChangeCase;
 

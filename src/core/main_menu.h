@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "custom/custom_tool_names.h"
-#include "platform/bars.h"
+#include "platform/window/bars.h"
 #include "tools/catalogue.h"
 
 struct MainMenu {

@@ -1,7 +1,7 @@
 #pragma once
 // Shown while the program starts.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 class frmSplash : public Form {
  public:

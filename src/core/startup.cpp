@@ -2,10 +2,10 @@
 
 #include "core/change_case.h"
 #include "core/command_line.h"
-#include "core/data_files.h"
 #include "core/splash.h"
-#include "platform/safe_save.h"
-#include "platform/work_folder.h"
+#include "platform/system/safe_save.h"
+#include "platform/system/work_folder.h"
+#include "state/data_files.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 
 #include <array>
 
-#include "core/shared_fields.h"
 #include "editor/document.h"
-#include "platform/bars.h"
+#include "platform/window/bars.h"
+#include "state/shared_fields.h"
 
 class StatusLine {
  public:

@@ -4,11 +4,11 @@
 
 #include "core/change_case.h"
 #include "core/command_line.h"
-#include "core/data_files.h"
-#include "core/streamed_run.h"
 #include "custom/custom_tool_record.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "custom/streamed_run.h"
+#include "platform/system/files.h"
+#include "state/data_files.h"
+#include "text/runtime_error.h"
 #include "tools/character_repair.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 class ChangeCase;
 

@@ -1,7 +1,7 @@
 #pragma once
 // Says that the settings of a custom tool's steps will be asked for, once for all files.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 class CustShowWinNotice : public Form {
  public:

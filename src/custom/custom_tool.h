@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 inline constexpr int kMostCustomTools = 8;
 inline constexpr int kMostSteps = 5;

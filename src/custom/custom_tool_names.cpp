@@ -1,7 +1,7 @@
 #include "custom/custom_tool_names.h"
 
-#include "platform/runtime_error.h"
-#include "platform/text_file.h"
+#include "platform/system/text_file.h"
+#include "text/runtime_error.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "custom/custom_tool_record.h"
 
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 #include "tools/catalogue.h"
 
 namespace {

@@ -2,9 +2,9 @@
 
 #include "custom/custom_tool_record.h"
 #include "custom/settings_windows.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "platform/scoped_value.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
+#include "text/scoped_value.h"
 #include "tools/catalogue.h"
 #include "tools/file_chain.h"
 #include "tools/selection.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "custom/custom_tool_record.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "platform/text_file.h"
+#include "platform/system/files.h"
+#include "platform/system/text_file.h"
+#include "text/runtime_error.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "custom/custom_tool.h"
-#include "platform/work_folder.h"
+#include "platform/system/work_folder.h"
 
 // Changes the custom tool file. It holds either its old or its new content at every moment, and one
 // program at a time changes it.

@@ -1,7 +1,7 @@
 #include "editor/browse_folders.h"
 
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
 
 BrowseFolders::BrowseFolders(WindowSystem& windows, Messages& messages)
     : Form(windows), messages_(messages) {

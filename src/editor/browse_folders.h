@@ -2,7 +2,7 @@
 // Lets the user pick a folder.
 
 #include "editor/messages.h"
-#include "platform/file_lists.h"
+#include "platform/window/file_lists.h"
 
 class BrowseFolders : public Form {
  public:

@@ -8,11 +8,11 @@
 #include <optional>
 #include <vector>
 
-#include "core/shared_fields.h"
 #include "editor/cls_undo_element.h"
 #include "editor/undo_control.h"
-#include "platform/key_event.h"
-#include "platform/window_system.h"
+#include "platform/window/key_event.h"
+#include "platform/window/window_system.h"
+#include "state/shared_fields.h"
 
 class clsUndo {
  public:

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <cstddef>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 struct clsUndoElement {
   // The changed block as it was and as it became; the text in front of it and behind it stayed.

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 struct CommonLengths {
   std::size_t Front = 0;

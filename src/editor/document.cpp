@@ -3,7 +3,7 @@
 #include <new>
 
 #include "editor/encryption_marker.h"
-#include "platform/files.h"
+#include "platform/system/files.h"
 
 namespace {
 

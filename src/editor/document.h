@@ -1,12 +1,12 @@
 #pragma once
 // The one document: New, Open, Save, Save As and leaving it, with their prompts and titles.
 
-#include "core/shared_fields.h"
 #include "editor/messages.h"
 #include "editor/titles.h"
-#include "platform/common_dialog.h"
-#include "platform/rich_text_box.h"
-#include "platform/runtime_error.h"
+#include "platform/window/common_dialog.h"
+#include "platform/window/rich_text_box.h"
+#include "state/shared_fields.h"
+#include "text/runtime_error.h"
 
 // What the document needs of the application around it.
 class DocumentHost {

@@ -1,10 +1,10 @@
 #pragma once
 // Cut, copy, paste and their like, on the editor or on the text box that has the keyboard.
 
-#include "core/shared_fields.h"
 #include "editor/messages.h"
-#include "platform/key_event.h"
-#include "platform/window_system.h"
+#include "platform/window/key_event.h"
+#include "platform/window/window_system.h"
+#include "state/shared_fields.h"
 
 class EditCommands {
  public:

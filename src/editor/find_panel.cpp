@@ -1,6 +1,6 @@
 #include "editor/find_panel.h"
 
-#include "platform/find_text.h"
+#include "text/find_text.h"
 
 FindPanel::FindPanel(RichTextBox& editor, Messages& messages)
     : editor_(editor), messages_(messages) {

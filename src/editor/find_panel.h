@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "editor/messages.h"
-#include "platform/layout.h"
-#include "platform/rich_text_box.h"
+#include "platform/window/layout.h"
+#include "platform/window/rich_text_box.h"
 
 class FindPanel {
  public:

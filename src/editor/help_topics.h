@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 // Topics that the program opens by itself.
 inline constexpr int kHelpContents = 1002;

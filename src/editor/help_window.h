@@ -1,7 +1,7 @@
 #pragma once
 // The program's own help: a list of topics and the page of one of them.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 class HelpWindow : public Form {
  public:

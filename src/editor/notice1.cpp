@@ -1,6 +1,6 @@
 #include "editor/notice1.h"
 
-#include "platform/window_system.h"
+#include "platform/window/window_system.h"
 
 Notice1::Notice1(WindowSystem& windows) : Form(windows) {
   Caption = u"WordFlurn";

@@ -1,7 +1,7 @@
 #pragma once
 // Tells the user something.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 class Notice1 : public Form {
  public:

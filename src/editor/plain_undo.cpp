@@ -1,7 +1,7 @@
 #include "editor/plain_undo.h"
 
 #include "editor/working_run.h"
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 
 void PlainUndo(SharedFields& fields, RichTextBox& editor, Messages& messages,
                WindowSystem& windows) {

@@ -1,7 +1,7 @@
 #pragma once
 // Asks the user a question.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 enum class Answer { Yes, No, Cancel };
 

@@ -1,7 +1,7 @@
 #pragma once
 // The title bar's texts.
 
-#include "platform/text.h"
+#include "text/text.h"
 
 inline constexpr StringView kProduct = u"WordFlurn 2.0";
 inline constexpr StringView kUntitled = u"Untitled - WordFlurn 2.0";

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/rich_text_box.h"
+#include "platform/window/rich_text_box.h"
 
 class UndoControl {
  public:

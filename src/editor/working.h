@@ -1,7 +1,7 @@
 #pragma once
 // Says that a long task goes on. It takes no input.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 class Working : public Form {
  public:

@@ -1,7 +1,7 @@
 #pragma once
 // Progress of a batch.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 class Working2 : public Form {
  public:

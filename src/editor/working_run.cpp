@@ -1,6 +1,6 @@
 #include "editor/working_run.h"
 
-#include "platform/window_system.h"
+#include "platform/window/window_system.h"
 
 WorkingRun::WorkingRun(SharedFields& fields, Messages& messages, WindowSystem& windows,
                        std::size_t textLength)

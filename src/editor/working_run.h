@@ -1,8 +1,8 @@
 #pragma once
 // The Working window round a task on a long text.
 
-#include "core/shared_fields.h"
 #include "editor/messages.h"
+#include "state/shared_fields.h"
 
 class WindowSystem;
 

@@ -1,6 +1,6 @@
 #include "tools/add_carriage_form.h"
 
-#include "tools/break_position.h"
+#include "tools/lines/break_position.h"
 
 AddCarriageForm::AddCarriageForm(WindowSystem& windows, Messages& messages)
     : SettingsForm(windows, messages, {&Text1}, {&Check1}) {

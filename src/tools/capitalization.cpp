@@ -1,6 +1,6 @@
 #include "tools/capitalization.h"
 
-#include "tools/capital_letters.h"
+#include "tools/lines/capital_letters.h"
 #include "tools/tool_frame.h"
 
 namespace {

@@ -1,9 +1,9 @@
 #include "tools/carriage_returns.h"
 
 #include "tools/ask_settings.h"
-#include "tools/break_lines.h"
-#include "tools/break_position.h"
-#include "tools/join_lines.h"
+#include "tools/lines/break_lines.h"
+#include "tools/lines/break_position.h"
+#include "tools/lines/join_lines.h"
 #include "tools/tool_frame.h"
 
 void RemoveCarriage(ToolContext& context) { RunLineTool(context, JoinLines); }

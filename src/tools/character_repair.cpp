@@ -1,15 +1,15 @@
 #include "tools/character_repair.h"
 
-#include "platform/runtime_error.h"
-#include "platform/scoped_value.h"
+#include "text/runtime_error.h"
+#include "text/scoped_value.h"
 #include "tools/carriage_returns.h"
 #include "tools/file_chain.h"
 #include "tools/leading_characters.h"
 #include "tools/line_spacing.h"
-#include "tools/lines.h"
+#include "tools/lines/lines.h"
+#include "tools/lines/text_lines.h"
 #include "tools/search_replace.h"
 #include "tools/selection.h"
-#include "tools/text_lines.h"
 #include "tools/tool_frame.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "tools/file_chain.h"
 
-#include "platform/files.h"
+#include "platform/system/files.h"
 
 void ChainStep(SharedFields& fields) {
   if (!fields.BatchMode) return;

@@ -1,7 +1,7 @@
 #pragma once
 // Several tools one after the other on one file.
 
-#include "core/shared_fields.h"
+#include "state/shared_fields.h"
 
 // After a tool of a chain, before the next: in a batch the next tool reads what the last one wrote.
 // The file itself waits for the result of the whole chain, so that a tool that fails leaves it as

@@ -1,8 +1,8 @@
 #pragma once
 // The lines of a text file.
 
-#include "platform/text_file.h"
-#include "tools/line_io.h"
+#include "platform/system/text_file.h"
+#include "tools/lines/line_io.h"
 
 class FileSource : public LineSource {
  public:

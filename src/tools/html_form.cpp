@@ -1,8 +1,8 @@
 #include "tools/html_form.h"
 
-#include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "platform/window_system.h"
+#include "platform/system/files.h"
+#include "platform/window/window_system.h"
+#include "text/runtime_error.h"
 
 namespace {
 

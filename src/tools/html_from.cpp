@@ -1,13 +1,13 @@
 #include "tools/html_from.h"
 
-#include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "tools/blank_ends.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
 #include "tools/file_chain.h"
 #include "tools/line_spacing.h"
-#include "tools/lines.h"
-#include "tools/text_from_html.h"
-#include "tools/text_lines.h"
+#include "tools/lines/blank_ends.h"
+#include "tools/lines/lines.h"
+#include "tools/lines/text_from_html.h"
+#include "tools/lines/text_lines.h"
 #include "tools/tool_frame.h"
 
 namespace {

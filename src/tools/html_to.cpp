@@ -1,8 +1,8 @@
 #include "tools/html_to.h"
 
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 #include "tools/ask_settings.h"
-#include "tools/html_page.h"
+#include "tools/lines/html_page.h"
 #include "tools/tool_frame.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "tools/line_spacing.h"
 
-#include "tools/blank_ends.h"
+#include "tools/lines/blank_ends.h"
 #include "tools/tool_frame.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 // Reports how often Search and Replace has replaced.
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 class ReplaceFoundNum : public Form {
  public:

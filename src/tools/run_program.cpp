@@ -1,9 +1,9 @@
 #include "tools/run_program.h"
 
-#include "platform/files.h"
-#include "platform/process.h"
-#include "platform/runtime_error.h"
-#include "platform/scoped_value.h"
+#include "platform/system/files.h"
+#include "platform/system/process.h"
+#include "text/runtime_error.h"
+#include "text/scoped_value.h"
 #include "tools/selection.h"
 #include "tools/tool_frame.h"
 

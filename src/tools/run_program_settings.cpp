@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/files.h"
-#include "platform/runtime_error.h"
-#include "platform/window_system.h"
+#include "platform/system/files.h"
+#include "platform/window/window_system.h"
+#include "text/runtime_error.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/common_dialog.h"
+#include "platform/window/common_dialog.h"
 #include "tools/settings_form.h"
 
 class RunProgramSettings : public SettingsForm {

@@ -1,8 +1,8 @@
 #include "tools/search_replace.h"
 
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 #include "tools/ask_settings.h"
-#include "tools/replace_engine.h"
+#include "tools/lines/replace_engine.h"
 #include "tools/tool_frame.h"
 
 void SearchReplace(ToolContext& context) {

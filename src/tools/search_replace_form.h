@@ -2,7 +2,7 @@
 // Asks what to search for and what to put in its place. Its controls are the settings of Search and
 // Replace, whoever writes them.
 
-#include "tools/search_settings.h"
+#include "tools/lines/search_settings.h"
 #include "tools/settings_form.h"
 
 class SearchReplaceForm : public SettingsForm {

@@ -4,7 +4,7 @@
 
 #include "editor/help_topics.h"
 #include "editor/messages.h"
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 // What a settings window holds.
 struct SettingValues {

@@ -1,10 +1,10 @@
 #pragma once
 // What a tool may use of the application.
 
-#include "core/shared_fields.h"
 #include "editor/messages.h"
-#include "platform/rich_text_box.h"
-#include "platform/window_system.h"
+#include "platform/window/rich_text_box.h"
+#include "platform/window/window_system.h"
+#include "state/shared_fields.h"
 #include "tools/tool_state.h"
 
 struct ToolContext {

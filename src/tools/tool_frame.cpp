@@ -1,11 +1,11 @@
 #include "tools/tool_frame.h"
 
 #include "editor/working_run.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
 #include "tools/file_lines.h"
+#include "tools/lines/text_lines.h"
 #include "tools/selection.h"
-#include "tools/text_lines.h"
 
 namespace {
 

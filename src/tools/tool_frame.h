@@ -10,7 +10,7 @@
 
 #include <functional>
 
-#include "tools/lines.h"
+#include "tools/lines/lines.h"
 #include "tools/tool_context.h"
 
 // Makes one text of another: `result` is emptied by nobody else and may hold anything before.

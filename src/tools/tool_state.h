@@ -4,7 +4,7 @@
 #include "editor/messages.h"
 #include "tools/add_carriage_form.h"
 #include "tools/html_form.h"
-#include "tools/line_replacer.h"
+#include "tools/lines/line_replacer.h"
 #include "tools/replace_found_num.h"
 #include "tools/run_program_settings.h"
 #include "tools/search_replace_form.h"

@@ -1,7 +1,7 @@
 // What stands after the start: paths, options, custom tools, work files.
 
 #include "core/command_line.h"
-#include "core/data_files.h"
+#include "state/data_files.h"
 #include "support/app_fixture.h"
 
 using namespace std::string_literals;

@@ -1,4 +1,4 @@
-#include "core/streamed_run.h"
+#include "custom/streamed_run.h"
 
 #include "custom/custom_tool_record.h"
 #include "support/app_fixture.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "custom/custom_tool_record.h"
-#include "platform/runtime_error.h"
 #include "support/app_fixture.h"
+#include "text/runtime_error.h"
 
 namespace {
 

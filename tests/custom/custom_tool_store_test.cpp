@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "custom/custom_tool_names.h"
-#include "platform/console/sys.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
+#include "platform/system/posix/sys.h"
 #include "support/temp_folder.h"
+#include "text/runtime_error.h"
 
 namespace {
 

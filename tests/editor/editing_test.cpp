@@ -1,7 +1,7 @@
 // Clipboard commands, keys, Find.
 
-#include "platform/find_text.h"
 #include "support/app_fixture.h"
+#include "text/find_text.h"
 
 namespace {
 

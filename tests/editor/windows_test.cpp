@@ -7,10 +7,10 @@
 #include "editor/working2.h"
 #include "editor/working_run.h"
 #include "platform/console/console_window_system.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
 #include "support/scripted_window_system.h"
 #include "support/temp_folder.h"
+#include "text/runtime_error.h"
 
 namespace {
 

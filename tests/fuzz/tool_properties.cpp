@@ -3,11 +3,11 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "core/data_files.h"
 #include "platform/console/console_window_system.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
+#include "state/data_files.h"
 #include "support/temp_folder.h"
+#include "text/runtime_error.h"
 
 namespace {
 

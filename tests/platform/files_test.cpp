@@ -1,4 +1,4 @@
-#include "platform/files.h"
+#include "platform/system/files.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -7,9 +7,9 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
-#include "platform/byte_file.h"
-#include "platform/console/mounts.h"
-#include "platform/console/sys.h"
+#include "platform/system/byte_file.h"
+#include "platform/system/posix/mounts.h"
+#include "platform/system/posix/sys.h"
 #include "platform/test_folder.h"
 
 namespace {

@@ -10,8 +10,8 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
-#include "platform/files.h"
-#include "platform/safe_save.h"
+#include "platform/system/files.h"
+#include "platform/system/safe_save.h"
 #include "platform/test_folder.h"
 
 namespace {

@@ -1,7 +1,7 @@
-#include "platform/safe_save.h"
+#include "platform/system/safe_save.h"
 
-#include "platform/console/sys.h"
-#include "platform/files.h"
+#include "platform/system/files.h"
+#include "platform/system/posix/sys.h"
 #include "platform/test_folder.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include "platform/console/string_rich_text_box.h"
 
-#include "platform/runtime_error.h"
 #include "platform/test_folder.h"
 #include "support/rich_text_box_contract.h"
+#include "text/runtime_error.h"
 
 INSTANTIATE_TEST_SUITE_P(Console, RichTextBoxContract,
                          testing::Values([] { return std::make_unique<StringRichTextBox>(); }));

@@ -12,8 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "platform/runtime_error.h"
-#include "platform/text.h"
+#include "text/runtime_error.h"
+#include "text/text.h"
 
 class TestFolder {
  public:

@@ -1,4 +1,4 @@
-#include "platform/text_file.h"
+#include "platform/system/text_file.h"
 
 #include <filesystem>
 #include <fstream>
@@ -6,8 +6,8 @@
 #include <random>
 #include <sys/stat.h>
 
-#include "platform/byte_blocks.h"
-#include "platform/runtime_error.h"
+#include "platform/system/byte_blocks.h"
+#include "text/runtime_error.h"
 
 using namespace std::string_literals;
 

@@ -1,11 +1,11 @@
-#include "platform/window_module.h"
+#include "platform/window/window_module.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 
 namespace {
 

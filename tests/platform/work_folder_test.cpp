@@ -1,10 +1,10 @@
-#include "platform/work_folder.h"
+#include "platform/system/work_folder.h"
 
 #include <sys/stat.h>
 #include <vector>
 
-#include "platform/console/sys.h"
-#include "platform/files.h"
+#include "platform/system/files.h"
+#include "platform/system/posix/sys.h"
 #include "platform/test_folder.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <QTemporaryDir>
 
 #include "form_fixture.h"
-#include "platform/byte_file.h"
-#include "platform/files.h"
 #include "platform/qt/qt_common_dialog.h"
-#include "platform/runtime_error.h"
+#include "platform/system/byte_file.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
 
 namespace {
 

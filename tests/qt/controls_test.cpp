@@ -9,8 +9,8 @@
 #include <QTabWidget>
 
 #include "form_fixture.h"
-#include "platform/file_lists.h"
 #include "platform/qt/icons.h"
+#include "platform/window/file_lists.h"
 
 namespace {
 

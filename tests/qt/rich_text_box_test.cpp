@@ -10,8 +10,8 @@
 
 #include "platform/console/string_rich_text_box.h"
 #include "platform/qt/qt_rich_text_box.h"
-#include "platform/runtime_error.h"
 #include "support/rich_text_box_contract.h"
+#include "text/runtime_error.h"
 
 INSTANTIATE_TEST_SUITE_P(Qt, RichTextBoxContract,
                          testing::Values([] { return std::make_unique<QtRichTextBox>(); }));

@@ -4,7 +4,7 @@
 #include <QMessageBox>
 
 #include "form_fixture.h"
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 
 namespace {
 

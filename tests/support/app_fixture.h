@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/change_case.h"
-#include "platform/files.h"
+#include "platform/system/files.h"
 #include "support/scripted_window_system.h"
 #include "support/temp_folder.h"
 

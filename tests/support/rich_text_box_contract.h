@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "platform/rich_text_box.h"
+#include "platform/window/rich_text_box.h"
 
 using MakeRichTextBox = std::function<std::unique_ptr<RichTextBox>()>;
 

@@ -4,8 +4,8 @@
 
 #include "editor/notice1.h"
 #include "platform/console/string_rich_text_box.h"
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
 
 class ScriptedWindowSystem::ScriptedTimer : public Timer {
  public:

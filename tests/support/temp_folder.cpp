@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
-#include "platform/files.h"
+#include "platform/system/files.h"
 
 TempFolder::TempFolder() {
   std::string name = (std::filesystem::temp_directory_path() / "wordflurn-test-XXXXXX").string();

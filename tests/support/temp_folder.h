@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 class TempFolder {
  public:

@@ -1,7 +1,7 @@
 #pragma once
 // Runs a tool over the editor and over a file.
 
-#include "platform/text_file.h"
+#include "platform/system/text_file.h"
 #include "support/app_fixture.h"
 
 class ToolTest : public AppTest {

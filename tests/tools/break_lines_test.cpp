@@ -1,10 +1,10 @@
-#include "tools/break_lines.h"
+#include "tools/lines/break_lines.h"
 
 #include "support/tool_fixture.h"
-#include "tools/break_position.h"
 #include "tools/carriage_returns.h"
+#include "tools/lines/break_position.h"
+#include "tools/lines/text_lines.h"
 #include "tools/random_text.h"
-#include "tools/text_lines.h"
 
 namespace {
 

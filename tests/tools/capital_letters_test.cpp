@@ -1,4 +1,4 @@
-#include "tools/capital_letters.h"
+#include "tools/lines/capital_letters.h"
 
 #include <gtest/gtest.h>
 

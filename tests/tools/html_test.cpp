@@ -1,14 +1,14 @@
 // HTML both ways: the settings window, the edge cases, and random texts against the rules step by
 // step.
 
-#include "platform/runtime_error.h"
 #include "support/tool_fixture.h"
+#include "text/runtime_error.h"
 #include "tools/html_from.h"
-#include "tools/html_page.h"
 #include "tools/html_to.h"
+#include "tools/lines/html_page.h"
+#include "tools/lines/text_from_html.h"
+#include "tools/lines/text_lines.h"
 #include "tools/random_text.h"
-#include "tools/text_from_html.h"
-#include "tools/text_lines.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Every tool that needs no settings, on the editor and on a file.
 
-#include "platform/runtime_error.h"
 #include "support/tool_fixture.h"
+#include "text/runtime_error.h"
 #include "tools/catalogue.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <random>
 #include <span>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 class RandomText {
  public:

@@ -6,9 +6,9 @@
 #include <sys/stat.h>
 #include <thread>
 
-#include "platform/process.h"
-#include "platform/runtime_error.h"
+#include "platform/system/process.h"
 #include "support/tool_fixture.h"
+#include "text/runtime_error.h"
 
 namespace {
 

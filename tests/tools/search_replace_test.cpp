@@ -1,13 +1,13 @@
 #include "tools/search_replace.h"
 
-#include "platform/runtime_error.h"
 #include "support/tool_fixture.h"
+#include "text/runtime_error.h"
 #include "tools/catalogue.h"
-#include "tools/compared_text.h"
+#include "tools/lines/compared_text.h"
+#include "tools/lines/replace_engine.h"
+#include "tools/lines/search_syntax.h"
+#include "tools/lines/text_lines.h"
 #include "tools/random_text.h"
-#include "tools/replace_engine.h"
-#include "tools/search_syntax.h"
-#include "tools/text_lines.h"
 
 namespace {
 

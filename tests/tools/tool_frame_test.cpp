@@ -2,8 +2,8 @@
 
 #include "tools/tool_frame.h"
 
-#include "platform/runtime_error.h"
 #include "support/app_fixture.h"
+#include "text/runtime_error.h"
 #include "tools/catalogue.h"
 #include "tools/selection.h"
 

@@ -5,8 +5,8 @@
 #include <thread>
 
 #include "platform/console/string_rich_text_box.h"
-#include "platform/runtime_error.h"
-#include "platform/steady_clock.h"
+#include "platform/system/steady_clock.h"
+#include "text/runtime_error.h"
 
 namespace {
 

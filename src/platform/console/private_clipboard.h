@@ -1,7 +1,7 @@
 #pragma once
 // A clipboard that this process shares with nobody.
 
-#include "platform/window_system.h"
+#include "platform/window/window_system.h"
 
 class PrivateClipboard : public Clipboard {
  public:

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/ascii_runs.h"
+#include "text/ascii_runs.h"
 
 namespace {
 

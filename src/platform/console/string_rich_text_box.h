@@ -1,7 +1,7 @@
 #pragma once
 // The edit control without a display: its text is a String.
 
-#include "platform/rich_text_box.h"
+#include "platform/window/rich_text_box.h"
 
 class StringRichTextBox : public RichTextBox {
  public:

@@ -1,11 +1,11 @@
-#include "platform/window_module.h"
+#include "platform/window/window_module.h"
 
 #include <algorithm>
 #include <array>
 #include <dlfcn.h>
 
-#include "platform/files.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
 
 namespace {
 

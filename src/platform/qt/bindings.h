@@ -6,8 +6,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "platform/property.h"
 #include "platform/qt/event_guard.h"
+#include "platform/window/property.h"
 
 class Bindings {
  public:

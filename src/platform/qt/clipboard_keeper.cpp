@@ -13,7 +13,7 @@
 #include <unistd.h>
 #include <utility>
 
-#include "platform/window_module.h"
+#include "platform/window/window_module.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <QMimeData>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 // Text that holds LF and no CR has LF as its line end; in any other an LF alone stays as it is.
 // The result has CR LF line ends.

@@ -4,10 +4,10 @@
 
 #include <QWidget>
 
-#include "platform/bars.h"
-#include "platform/file_lists.h"
 #include "platform/qt/bindings.h"
-#include "platform/rich_text_box.h"
+#include "platform/window/bars.h"
+#include "platform/window/file_lists.h"
+#include "platform/window/rich_text_box.h"
 
 QWidget* MakeView(Label& label, Bindings& bindings);
 QWidget* MakeView(Image& image, Bindings& bindings);

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "platform/qt/large_string.h"
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <array>
 #include <optional>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 class DocumentText {
  public:

@@ -3,8 +3,8 @@
 
 #include <QMainWindow>
 
-#include "platform/form.h"
 #include "platform/qt/bindings.h"
+#include "platform/window/form.h"
 
 // Hands local files dropped anywhere on the window to the form; text dropped goes its own way.
 void AcceptFiles(Form& form, QMainWindow& window, Bindings& bindings);

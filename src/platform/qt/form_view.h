@@ -5,9 +5,9 @@
 #include <QWidget>
 #include <memory>
 
-#include "platform/form.h"
 #include "platform/qt/bindings.h"
 #include "platform/qt/layout_builder.h"
+#include "platform/window/form.h"
 
 class FormView {
  public:

@@ -5,7 +5,7 @@
 #include <QIcon>
 #include <string_view>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 // The icon of this name; an empty one when there is none.
 QIcon NamedIcon(const String& name);

@@ -3,6 +3,6 @@
 
 #include <QKeyEvent>
 
-#include "platform/key_event.h"
+#include "platform/window/key_event.h"
 
 KeyEvent ToKeyEvent(const QKeyEvent& event);

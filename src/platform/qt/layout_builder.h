@@ -4,8 +4,8 @@
 #include <QLayout>
 #include <vector>
 
-#include "platform/layout.h"
 #include "platform/qt/bindings.h"
+#include "platform/window/layout.h"
 
 // A control and its widget.
 struct PlacedControl {

@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 class ListRows : public QAbstractListModel {
  public:

@@ -3,8 +3,8 @@
 
 #include <QListView>
 
-#include "platform/controls.h"
 #include "platform/qt/bindings.h"
+#include "platform/window/controls.h"
 
 // A list view tied to the rows, the current row and the marks of a list.
 QListView* MakeRowsView(ListControl& list, Property<std::set<int>>& selected, ListBox::Marks marks,

@@ -4,8 +4,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "platform/bars.h"
 #include "platform/qt/bindings.h"
+#include "platform/window/bars.h"
 
 // Puts the menus on the bar; they change with their items.
 void BuildMenuBar(QMenuBar& bar, const std::vector<MenuItem*>& menus, Bindings& bindings);

@@ -5,7 +5,7 @@
 #include "platform/qt/clipboard_keeper.h"
 #include "platform/qt/event_guard.h"
 #include "platform/qt/qt_window_system.h"
-#include "platform/window_module.h"
+#include "platform/window/window_module.h"
 
 #define EXPORTED extern "C" __attribute__((visibility("default")))
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/window_system.h"
+#include "platform/window/window_system.h"
 
 class QtClipboard : public Clipboard {
  public:

@@ -4,10 +4,10 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
-#include "platform/files.h"
 #include "platform/qt/strings.h"
 #include "platform/qt/window_place.h"
-#include "platform/runtime_error.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
 
 QStringList NameFilters(const String& filter) {
   const QStringList parts = ToQt(filter).split(u'|');

@@ -3,7 +3,7 @@
 #include <QFileDialog>
 #include <memory>
 
-#include "platform/common_dialog.h"
+#include "platform/window/common_dialog.h"
 
 class QtCommonDialog : public CommonDialog {
  public:

@@ -4,7 +4,7 @@
 #include <QPointer>
 
 #include "platform/qt/text_edit.h"
-#include "platform/rich_text_box.h"
+#include "platform/window/rich_text_box.h"
 
 class QtRichTextBox : public RichTextBox {
  public:

@@ -2,7 +2,7 @@
 
 #include <QTimer>
 
-#include "platform/window_system.h"
+#include "platform/window/window_system.h"
 
 class QtTimer : public Timer {
  public:

@@ -11,7 +11,7 @@
 #include "platform/qt/qt_common_dialog.h"
 #include "platform/qt/qt_rich_text_box.h"
 #include "platform/qt/qt_timer.h"
-#include "platform/steady_clock.h"
+#include "platform/system/steady_clock.h"
 
 namespace {
 // How long a window may take to come onto the screen.

@@ -6,7 +6,7 @@
 
 #include "platform/qt/form_view.h"
 #include "platform/qt/qt_clipboard.h"
-#include "platform/window_system.h"
+#include "platform/window/window_system.h"
 
 class QtWindowSystem : public WindowSystem {
  public:

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "platform/text.h"
+#include "text/text.h"
 
 inline QString ToQt(const String& text) {
   return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));

@@ -8,7 +8,7 @@
 
 #include "platform/qt/clipboard_text.h"
 #include "platform/qt/key_codes.h"
-#include "platform/runtime_error.h"
+#include "text/runtime_error.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <QPlainTextEdit>
 #include <functional>
 
-#include "platform/key_event.h"
 #include "platform/qt/document_text.h"
+#include "platform/window/key_event.h"
 
 // Wrapping at words takes a time that grows with the square of a line without blanks: 15 s for
 // 1 MB. From this length on (UTF-16 units) lines wrap anywhere, which is linear.

@@ -5,7 +5,7 @@
 #include <QMainWindow>
 #include <functional>
 
-#include "platform/form.h"
+#include "platform/window/form.h"
 
 // What a frame asks of the view of its form.
 struct FrameHandlers {

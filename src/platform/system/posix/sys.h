@@ -1,0 +1,97 @@
+#pragma once
+// System calls on files: paths are text, an interrupted call is made again, and each call passes
+// one hook, so that a test can let any of them fail or be the last one of its process.
+//
+// As in the system itself, -1 tells of a failure and errno of its cause.
+
+#include <cerrno>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include "text/text.h"
+
+namespace sys {
+
+// Called with the name of each call before it is made. Anything but 0 is the errno with which the
+// call fails instead. Null but in tests.
+extern std::function<int(const char* call)> OnCall;
+
+// Close-on-exec is added to the flags. Never waits for the other end of a pipe.
+int Open(const String& path, int flags, mode_t mode = 0);
+ssize_t Read(int descriptor, char* buffer, std::size_t size);
+// All of the bytes.
+int Write(int descriptor, std::string_view bytes);
+int Rewind(int descriptor);
+int Truncate(int descriptor, off_t size);
+int Sync(int descriptor);
+// The descriptor is gone in any case.
+int Close(int descriptor);
+int ChangeOwner(int descriptor, uid_t owner, gid_t group);
+int ChangeMode(int descriptor, mode_t mode);
+int ChangeMode(const String& path, mode_t mode);
+int Rename(const String& from, const String& to);
+int Unlink(const String& path);
+int MakeFolder(const String& path, mode_t mode);
+int ChangeFolder(const String& path);
+// Takes an exclusive lock, without waiting.
+int Lock(int descriptor);
+// One extended attribute; the whole set of names, each ended by NUL. -1 where there are none.
+ssize_t GetAttribute(int descriptor, const std::string& name, std::string& value);
+ssize_t ListAttributes(int descriptor, std::string& names);
+int SetAttribute(int descriptor, const std::string& name, const std::string& value);
+int RemoveAttribute(int descriptor, const std::string& name);
+
+// These only look.
+int Stat(const String& path, struct stat& status);
+int StatLink(const String& path, struct stat& status);
+// W_OK and the like, for the effective user.
+int Access(const String& path, int mode);
+int RealPath(const String& path, String& result);
+int ReadLink(const String& path, String& result);
+
+// Makes the entries of a folder (new names, renamed ones) permanent.
+int SyncFolder(const String& folder);
+
+// A RuntimeError "path: cause". 76 instead of 53 where even the folder is missing.
+[[noreturn]] void Throw(const String& path, int error = errno);
+
+// Passes a result through, and throws for -1.
+template <class Result>
+Result Check(Result result, const String& path) {
+  if (result < 0) Throw(path);
+  return result;
+}
+
+// RuntimeError 75 for anything but a regular file.
+void CheckRegular(const struct stat& status, const String& path);
+// Opens a regular file; one that is to be made with O_CREAT need not be there. Throws.
+int OpenRegular(const String& path, int flags, mode_t mode = 0);
+
+// Owns a descriptor.
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int value) : value_(value) {}
+  Descriptor(Descriptor&& other) noexcept : value_(other.Release()) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+  ~Descriptor() {
+    if (value_ >= 0) Close(value_);
+  }
+  int Get() const { return value_; }
+  int Release() {
+    const int value = value_;
+    value_ = -1;
+    return value;
+  }
+
+ private:
+  int value_ = -1;
+};
+
+}  // namespace sys

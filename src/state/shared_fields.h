@@ -1,0 +1,70 @@
+#pragma once
+// The state that all parts of the program share. One instance, owned by the application object.
+
+#include <memory>
+#include <optional>
+
+#include "platform/system/text_file.h"
+
+struct SharedFields {
+  // Where the program's data lives.
+  String AppFolder;
+  String TempFile1;  // the text before the last tool
+  String TempFile2;
+  String TempFile3;
+  String TempFile4;
+  String TempFile5;
+  String HtmlTempFile;
+  String OptionsFile;
+  String CustomToolFile;
+  String PrintSetFile;
+  String HelpFile;
+
+  String CommandLine;
+
+  // The document.
+  bool TextChanged = false;  // since the last open or new
+  bool FileSaved = false;    // since the last change
+  bool HasFileName = false;
+  bool SaveAsRequested = false;
+  bool ReadOnlyFile = false;
+  TextFormat DocumentFormat;  // how the next save writes it
+
+  // Tools.
+  bool BatchMode = false;  // tools read InputFileNum and write TempFile1
+  bool ToolRan = false;    // a tool has run on the editor's text
+  bool ToolBusy = false;
+  bool WorkingShown = false;
+  bool CustomToolRunning = false;  // a chain of tools runs: no report of a single one
+  bool ToolUndoPending = false;
+  bool UndoBroken = false;
+  bool ToolOnSelection = false;
+  bool SelectionCrLfFlag = false;
+  bool SelectionUsedUp = false;  // the last tool on a selection has left nothing of it
+  std::size_t ToolSelStart = 0;
+  std::size_t ToolSelEnd = 0;
+  bool CheckingRunProgram = false;  // a failure is one of the program that a step names
+  String BatchCurrentFile;
+  std::unique_ptr<TextReader> InputFileNum;
+  std::unique_ptr<TextWriter> OutputFileNum;
+  // Of what the last tool wrote to TempFile1; none where another program did.
+  std::optional<TextFormat> OutputFormat;
+
+  // Options.
+  String DefaultHeaderFile;
+  String DefaultFooterFile;
+  String ViewFontName;
+  int ViewFontSize = 0;  // points
+  bool ViewFontBold = false;
+
+  int CustomToolCount = 0;  // number of the last custom tool in the file, 0 to 8
+
+  // Command line.
+  bool ViewHtmlOnStart = false;
+  String SaveToLocation;
+  String AddPrefix;
+  String UseAllFolder;
+  bool NoHtmlHeaderFooter = false;
+  bool AutoRunMFF = false;
+  String AutoRunListFile;
+};

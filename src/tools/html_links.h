@@ -1,6 +1,0 @@
-#pragma once
-
-#include "platform/text.h"
-
-// Makes links of the web addresses in a line.
-void AddLinks(String& line);

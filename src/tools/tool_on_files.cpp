@@ -1,0 +1,70 @@
+#include "tools/tool_on_files.h"
+
+#include <iostream>
+
+#include "editor/encryption_marker.h"
+#include "platform/console/console_window_system.h"
+#include "platform/system/byte_file.h"
+#include "platform/system/files.h"
+#include "platform/system/safe_save.h"
+#include "platform/system/work_folder.h"
+#include "state/data_files.h"
+#include "text/runtime_error.h"
+#include "tools/catalogue.h"
+
+namespace {
+
+// The format of a file that a tool may change: not encrypted text, which could never be decrypted
+// again.
+TextFormat FormatOfPlain(const String& file) {
+  TextReader reader(file);
+  while (!reader.AtEnd()) {
+    if (HoldsEncryptionMarker(reader.ReadLine()))
+      throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
+  }
+  return reader.Format();
+}
+
+void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
+  SharedFields& fields = context.Fields;
+  fields.BatchCurrentFile = file;
+  DeleteFileQuietly(fields.TempFile1);
+  fields.InputFileNum = std::make_unique<TextReader>(file, FormatOfPlain(file));
+  tool.Run(context);
+  fields.InputFileNum.reset();
+  // A tool that does nothing leaves nothing.
+  if (!FileExists(fields.TempFile1)) return;
+  SafeSave(file, [&](const ByteSink& sink) { InputFile(fields.TempFile1).ReadRest(sink); });
+}
+
+}  // namespace
+
+int RunToolOnFiles(const String& toolName, std::span<const String> files) {
+  const Tool* tool = FindTool(toolName);
+  if (tool == nullptr || tool->Run == nullptr) {
+    std::cerr << "wordflurn: there is no tool named \"" << ToUtf8(toolName) << "\"\n";
+    return 1;
+  }
+  const String appFolder = FindAppFolder();
+  const WorkFolder workFolder(appFolder);
+  SetSpareFolder(appFolder);
+  ConsoleWindowSystem windows;
+  SharedFields fields;
+  SetDataPaths(fields, appFolder, workFolder.Path());
+  fields.BatchMode = true;
+  Messages messages(windows);
+  const auto editor = windows.CreateRichTextBox();
+  ToolState tools(windows, messages);
+  ToolContext context{fields, *editor, messages, windows, tools};
+  int status = 0;
+  for (const String& file : files) {
+    try {
+      RunOnFile(context, *tool, file);
+    } catch (const std::exception& error) {
+      std::cerr << "wordflurn: " << error.what() << '\n';
+      status = 2;
+    }
+  }
+  DeleteTemporaryFiles(fields);
+  return status;
+}
