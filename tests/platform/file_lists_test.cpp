@@ -4,6 +4,7 @@
 
 #include "platform/system/files.h"
 #include "platform/test_folder.h"
+#include "text/pattern.h"
 
 namespace {
 
