@@ -73,6 +73,7 @@ void ChangeCase::WireEditor() {
     Document.TextHasChanged();
     Status.Bar.Message = String();
     UndoEdit.ControlChanged();
+    ShowUndoState();
   };
   RichTextBox1.OnSelChange = [this] {
     Status.ShowCaret();
@@ -100,7 +101,10 @@ void ChangeCase::WireMenus() {
   Menu.SaveAsMenu.OnClick = [this] { Document.SaveAs(); };
   Menu.ExitMenu.OnClick = [this] { Exit(); };
   Menu.HorizWordWrapMenu.OnClick = [this] { ToggleWordWrap(); };
+  // What was typed before a tool is a step of its own.
+  Menu.CustToolsMenu.OnOpen = [this] { UndoEdit.EndStep(); };
   Menu.ToolsMenu.OnOpen = [this] {
+    UndoEdit.EndStep();
     if (RichTextBox1.Locked) RefuseOnEncryptedText();
   };
   for (const MainMenu::ToolEntry& entry : Menu.ToolEntries)
@@ -116,7 +120,10 @@ void ChangeCase::WireMenus() {
 void ChangeCase::WireEditMenu() {
   Menu.UndoEditMenu.OnClick = [this] { UndoLast(); };
   Menu.RedoEditMenu.OnClick = [this] { UndoEdit.Redo(1); };
-  Menu.CutMenu.OnClick = [this] { Edit.Cut(); };
+  Menu.CutMenu.OnClick = [this] {
+    UndoEdit.EndStep();
+    Edit.Cut();
+  };
   Menu.CopyMenu.OnClick = [this] { Edit.Copy(); };
   Menu.CopyAllMenu.OnClick = [this] { Edit.CopyAll(); };
   Menu.PasteMenu.OnClick = [this] { Edit.Paste(); };
@@ -125,7 +132,7 @@ void ChangeCase::WireEditMenu() {
   Menu.FindMenu.OnClick = [this] { Find.Open(); };
   Menu.FindNextMenu.OnClick = [this] { Find.FindNext(); };
   // What was typed just now can be undone as well.
-  Menu.EditMenu.OnOpen = [this] { UndoEdit.MouseDown(); };
+  Menu.EditMenu.OnOpen = [this] { UndoEdit.EndStep(); };
 }
 
 void ChangeCase::WireToolBar() {
@@ -328,6 +335,7 @@ void ChangeCase::RunCustomToolAsOneStep(int number) {
 void ChangeCase::RunFromToolBar(const std::function<void()>& run) {
   if (RichTextBox1.Locked) return RefuseOnEncryptedText();
   RichTextBox1.SetFocus();
+  UndoEdit.EndStep();
   if (Fields.ToolBusy) return;
   const ScopedValue busy(Fields.ToolBusy, true);
   run();
@@ -370,12 +378,14 @@ void ChangeCase::HideUndo() {
 
 void ChangeCase::ShowUndoState() {
   // A broken engine is told of at the next undo, so that must be possible.
-  Menu.UndoEditMenu.Enabled = UndoEdit.CanUndo() || Fields.UndoBroken;
+  const bool typing = UndoEdit.TypingPends();
+  Menu.UndoEditMenu.Enabled = Command7.Enabled = typing || UndoEdit.CanUndo() || Fields.UndoBroken;
   Menu.RedoEditMenu.Enabled = UndoEdit.CanRedo();
   const auto name = [](MenuItem& item, clsUndo::Kind kind, StringView edit, StringView tool) {
     item.Caption = String(kind == clsUndo::kTool ? tool : edit);
   };
-  name(Menu.UndoEditMenu, UndoEdit.UndoKind(UndoEdit.UndoCount()), u"&Undo Edit", u"&Undo Tool");
+  name(Menu.UndoEditMenu, typing ? clsUndo::kInserted : UndoEdit.UndoKind(UndoEdit.UndoCount()),
+       u"&Undo Edit", u"&Undo Tool");
   name(Menu.RedoEditMenu, UndoEdit.RedoKind(UndoEdit.RedoCount()), u"&Redo Edit", u"&Redo Tool");
 }
 

@@ -30,6 +30,7 @@ constexpr Command kCommands[] = {
          app.Menu.FindMenu.Click();
      }},
     {'T', true, true, [](ChangeCase& app) { app.Menu.FindNextMenu.Click(); }},
+    {'X', true, true, [](ChangeCase& app) { app.Menu.CutMenu.Click(); }},
     {'N', true, true, [](ChangeCase& app) { app.Menu.NewMenu.Click(); }},
     {'O', true, true, [](ChangeCase& app) { app.Menu.OpenMenu.Click(); }},
     {'S', true, true, [](ChangeCase& app) { app.Menu.SaveMenu.Click(); }},
@@ -50,7 +51,9 @@ bool RunKeyCommand(ChangeCase& app, const KeyEvent& key) {
     return command.Swallowed;
   }
   const int custom = key.Key - kKeyF1;
-  if (custom >= 0 && custom < kMostCustomTools && !key.Control)
+  if (custom >= 0 && custom < kMostCustomTools && !key.Control) {
+    app.UndoEdit.EndStep();
     app.Menu.CustMenus[static_cast<std::size_t>(custom)].Click();
+  }
   return false;
 }

@@ -198,12 +198,12 @@ void clsUndo::KeyDown(KeyEvent& key) {
     else
       Redo(1);
   } else if (EndsStep(key.Key)) {
-    MouseDown();
+    EndStep();
   }
 }
 
-void clsUndo::MouseDown() {
-  if (timer_->Enabled()) TakeUndoSnapShot();
+void clsUndo::EndStep() {
+  if (TypingPends()) TakeUndoSnapShot();
 }
 
 void clsUndo::NoteSelection() {

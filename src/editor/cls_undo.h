@@ -34,6 +34,8 @@ class clsUndo {
   // While suspended, nothing is recorded; resuming records the whole change as one step.
   void Suspend(bool suspend);
 
+  // Whether something has been typed since the last record, so that the next undo takes that back.
+  bool TypingPends() const { return timer_->Enabled(); }
   bool CanUndo() const { return tracking_ && undo_.size() >= 2; }
   bool CanRedo() const { return tracking_ && !redo_.empty(); }
   // Without the base record at the bottom.
@@ -49,7 +51,9 @@ class clsUndo {
   void ControlChanged();
   void SelectionChanged();
   void KeyDown(KeyEvent& key);
-  void MouseDown();
+  void MouseDown() { EndStep(); }
+  // Typing that pends is a step of its own.
+  void EndStep();
 
   // The steps or the tracking have changed.
   std::function<void()> StateChanged;

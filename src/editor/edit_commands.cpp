@@ -32,7 +32,9 @@ EditCommands::EditCommands(WindowSystem& windows, RichTextBox& editor,
   timer1_->SetInterval(kClipboardBackMilliseconds);
   timer1_->OnTimer = [this] {
     timer1_->SetEnabled(false);
-    windows_.Clipboard().SetRawText(clipboardKeep_);
+    // What was copied meanwhile, here or in another program, is newer and stays.
+    ::Clipboard& clipboard = windows_.Clipboard();
+    if (clipboard.Changes() == changesAtPaste_) clipboard.SetRawText(clipboardKeep_);
     clipboardKeep_.clear();
   };
 }
@@ -87,27 +89,31 @@ void EditCommands::SelectAll() {
 }
 
 void EditCommands::CopyText() {
-  Quietly([this] { CopySelection(); });
+  const String selected = SelectedText();
+  if (!selected.empty()) Quietly([&] { Put(selected); });
 }
 
 void EditCommands::CutText() {
-  Quietly([this] {
-    CopySelection();
+  const String selected = SelectedText();
+  if (selected.empty()) return;
+  Quietly([&] {
+    Put(selected);
     ReplaceSelection(u"");
   });
 }
 
 void EditCommands::PasteText() {
   Quietly([this] {
-    ReplaceSelection(windows_.Clipboard().GetText());
+    const String text = windows_.Clipboard().GetText();
+    if (text.empty()) return;
+    ReplaceSelection(text);
     if (CheckSetLock) CheckSetLock();
   });
 }
 
-void EditCommands::CopySelection() {
-  const String selected = SelectedText();
+void EditCommands::Put(StringView text) {
   windows_.Clipboard().Clear();
-  windows_.Clipboard().SetText(selected);
+  windows_.Clipboard().SetText(text);
 }
 
 void EditCommands::BeforeKeyPaste() {
@@ -119,5 +125,6 @@ void EditCommands::BeforeKeyPaste() {
   }
   clipboardKeep_ = clipboard.GetRawText();
   clipboard.SetRawText(clipboardKeep_);
+  changesAtPaste_ = clipboard.Changes();
   timer1_->SetEnabled(true);
 }

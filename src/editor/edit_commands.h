@@ -20,7 +20,7 @@ class EditCommands {
   void Delete();
 
   void SelectAll();
-  // Without the refusal.
+  // Without the refusal. Nothing selected, or no text to paste: text and clipboard stay.
   void CutText();
   void CopyText();
   void PasteText();
@@ -38,7 +38,7 @@ class EditCommands {
   TextBox* ActiveTextBox() const;
   String SelectedText() const;
   void ReplaceSelection(StringView text);
-  void CopySelection();
+  void Put(StringView text);
 
   WindowSystem& windows_;
   RichTextBox& editor_;
@@ -47,4 +47,5 @@ class EditCommands {
   // Puts the clipboard back after a key paste.
   std::unique_ptr<Timer> timer1_;
   String clipboardKeep_;
+  long long changesAtPaste_ = 0;
 };

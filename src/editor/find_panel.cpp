@@ -39,8 +39,10 @@ void FindPanel::Close() {
 }
 
 void FindPanel::FindNext() {
-  if (txtFindText.Text.Get().empty()) Open();
-  Find();
+  if (txtFindText.Text.Get().empty())
+    Open();
+  else
+    Find();
 }
 
 void FindPanel::Find() {

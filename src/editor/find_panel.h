@@ -17,7 +17,7 @@ class FindPanel {
   void Open();
   void Close();
   bool IsOpen() const { return txtFindText.Visible; }
-  // Opens the panel first where there is nothing to search for yet.
+  // Opens the panel instead where there is nothing to search for yet.
   void FindNext();
   // A new document: the next search starts at the top.
   void StartAnew();

@@ -10,79 +10,85 @@ class EditingTest : public AppTest {
   void SetUp() override { Start(); }
   RichTextBox& Box() { return App().RichTextBox1; }
   bool Press(int key, bool control = false) {
-    KeyEvent event;
-    event.Key = key;
-    event.Control = control;
+    KeyEvent event{.Key = key, .Control = control};
     App().KeyDown(event);
     return event.Handled;
   }
 };
 
-TEST_F(EditingTest, ClipboardCommandsWorkOnTheControlWithTheKeyboard) {
-  ::Clipboard& clipboard = Windows.Clipboard();
-  Box().SetText(u"one two");
-  Box().SetSelStart(4);
-  Box().SetSelLength(3);
-  App().Menu.CopyMenu.Click();
-  EXPECT_EQ(clipboard.GetText(), u"two");
-  App().Menu.CutMenu.Click();
-  EXPECT_EQ(Box().Text(), u"one ");
-  App().Menu.PasteMenu.Click();
-  App().Command8.Click();
-  EXPECT_EQ(Box().Text(), u"one twotwo");
-  App().Menu.CopyAllMenu.Click();
-  EXPECT_EQ(clipboard.GetText(), u"one twotwo");
-  EXPECT_EQ(Box().SelText(), u"one twotwo");
-  App().Menu.DeleteMenu.Click();
-  EXPECT_EQ(Box().Text(), u"");
-
-  App().Menu.FindMenu.Click();
-  TextBox& find = App().Find.txtFindText;
-  App().ActiveControl = &find;
-  find.Text = u"needle";
-  find.SelStart = 0;
-  find.SelLength = 4;
-  App().Menu.CutMenu.Click();
-  EXPECT_EQ(find.Text.Get(), u"le");
-  App().Menu.PasteMenu.Click();
-  App().Menu.PasteMenu.Click();
-  EXPECT_EQ(find.Text.Get(), u"needneedle");
-}
-
-TEST_F(EditingTest, EncryptedTextRefusesWithTheWordsOfTheCommand) {
-  const StringView editing =
-      u"This text has been encrypted and no editing tasks may be done until after it is decrypted.";
-  const StringView paste =
-      u"This text has been encrypted and no editing may be done until after it is decrypted.";
-  struct Case {
-    std::function<void(ChangeCase&)> Act;
-    StringView Message;
+TEST_F(EditingTest, ClipboardCommands) {
+  enum Place { kEditor, kFindBox };
+  constexpr std::size_t kAll = 99;
+  MainMenu& menu = App().Menu;
+  const auto click = [](MenuItem& item) { return [&item] { item.Click(); }; };
+  const auto cutByKey = [this] { EXPECT_TRUE(Press('X', true)); };
+  const struct {
+    const char* Name;
+    std::function<void()> Act;
+    Place Where;
+    StringView Text;
+    std::size_t Start, Length;
+    StringView Clipboard, TextAfter, ClipboardAfter;
+  } cases[] = {
+      {"copy", click(menu.CopyMenu), kEditor, u"a b", 2, 1, u"old", u"a b", u"b"},
+      {"copy of nothing", click(menu.CopyMenu), kEditor, u"a b", 2, 0, u"old", u"a b", u"old"},
+      {"cut", click(menu.CutMenu), kEditor, u"a b", 0, 2, u"old", u"b", u"a "},
+      {"cut of nothing", click(menu.CutMenu), kEditor, u"a b", 1, 0, u"old", u"a b", u"old"},
+      {"cut by key", cutByKey, kEditor, u"a b", 0, 2, u"old", u"b", u"a "},
+      {"cut of nothing by key", cutByKey, kEditor, u"a b", 1, 0, u"old", u"a b", u"old"},
+      {"paste", click(menu.PasteMenu), kEditor, u"a b", 0, 1, u"new", u"new b", u"new"},
+      {"paste by button", [this] { App().Command8.Click(); }, kEditor, u"a", 1, 0, u"b", u"ab",
+       u"b"},
+      {"paste of nothing", click(menu.PasteMenu), kEditor, u"a b", 0, 3, u"", u"a b", u""},
+      {"copy all", click(menu.CopyAllMenu), kEditor, u"a b", 1, 1, u"old", u"a b", u"a b"},
+      {"delete", click(menu.DeleteMenu), kEditor, u"a b", 0, kAll, u"old", u"", u"old"},
+      {"copy in the box", click(menu.CopyMenu), kFindBox, u"find", 1, 2, u"old", u"find", u"in"},
+      {"cut in the box", click(menu.CutMenu), kFindBox, u"find", 0, 3, u"old", u"d", u"fin"},
+      {"cut in the box by key", cutByKey, kFindBox, u"find", 1, 3, u"old", u"f", u"ind"},
+      {"paste in the box", click(menu.PasteMenu), kFindBox, u"find", 4, 0, u"er", u"finder", u"er"},
+      {"delete in the box", click(menu.DeleteMenu), kFindBox, u"find", 2, 9, u"old", u"fi", u"old"},
+      {"copy all from the box", click(menu.CopyAllMenu), kFindBox, u"find", 0, 4, u"", u"find",
+       u"text"},
   };
-  const Case cases[] = {
-      {[](ChangeCase& app) { app.Menu.CutMenu.Click(); }, editing},
-      {[](ChangeCase& app) { app.Menu.CopyMenu.Click(); }, editing},
-      {[](ChangeCase& app) { app.Menu.CopyAllMenu.Click(); }, editing},
-      {[](ChangeCase& app) { app.Command9.Click(); }, editing},
-      {[](ChangeCase& app) { app.Menu.DeleteMenu.Click(); }, editing},
-      {[](ChangeCase& app) { app.Menu.PasteMenu.Click(); }, paste},
-      {[](ChangeCase& app) { app.Command8.Click(); }, paste},
-  };
-  Box().SetText(u"secret");
-  Box().SetSelLength(6);
-  Box().Locked = true;
-  Windows.Clipboard().SetText(u"kept");
-  for (const Case& c : cases) {
+  TextBox& box = App().Find.txtFindText;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    Windows.Clipboard().SetText(c.Clipboard);
+    Box().SetText(u"text");
+    if (c.Where == kEditor) {
+      App().ActiveControl = &Box();
+      Box().SetText(c.Text);
+      Box().SetSelStart(c.Start);
+      Box().SetSelLength(c.Length);
+    } else {
+      App().ActiveControl = &box;
+      box.Text = String(c.Text);
+      box.SelStart = static_cast<int>(c.Start);
+      box.SelLength = static_cast<int>(c.Length);
+    }
+    c.Act();
+    EXPECT_EQ(c.Where == kEditor ? Box().Text() : box.Text.Get(), c.TextAfter);
+    EXPECT_EQ(Windows.Clipboard().GetText(), c.ClipboardAfter);
+    EXPECT_TRUE(c.Where == kEditor || Box().Text() == u"text");
+
+    // Encrypted text refuses, and nothing has changed.
+    Box().SetText(u"secret");
+    Box().SetSelLength(kAll);
+    Windows.Clipboard().SetText(u"kept");
     Windows.Notices.clear();
-    c.Act(App());
-    EXPECT_EQ(Windows.Notices, std::vector{String(c.Message)});
+    Box().Locked = true;
+    c.Act();
+    ASSERT_EQ(Windows.Notices.size(), 1u);
+    EXPECT_EQ(Contains(Windows.Notices[0], u"editing tasks"),
+              !std::string_view(c.Name).starts_with("paste"));
     EXPECT_EQ(Box().Text(), u"secret");
     EXPECT_EQ(Windows.Clipboard().GetText(), u"kept");
+    Box().Locked = false;
   }
 }
 
 TEST_F(EditingTest, PastedMarkerLocks) {
-  const String file = Files.Put(u"f.txt", "x");
-  Open(file);
+  Open(Files.Put(u"f.txt", "x"));
   Windows.Clipboard().SetText(u"**This file has been encrypted with WordFlurn 2.0**");
   App().Menu.PasteMenu.Click();
   EXPECT_TRUE(Box().Locked);
@@ -90,73 +96,80 @@ TEST_F(EditingTest, PastedMarkerLocks) {
   EXPECT_FALSE(App().UndoEdit.CanUndo());
 }
 
-TEST_F(EditingTest, KeyPasteLeavesPlainTextOnTheClipboard) {
-  const auto pasteKey = [this] {
-    KeyEvent key;
-    key.Key = 'V';
-    key.Control = true;
-    Box().OnKeyDown(key);
-    return key.Handled;
-  };
+TEST_F(EditingTest, AKeyPasteGivesTheClipboardBackUnlessSomethingWasCopied) {
   ::Clipboard& clipboard = Windows.Clipboard();
-  clipboard.SetText(u"one");
-  EXPECT_FALSE(pasteKey());
-  // Within the four seconds a further paste does not touch the clipboard.
-  clipboard.SetText(u"two");
-  pasteKey();
-  EXPECT_EQ(clipboard.GetText(), u"two");
-  Windows.Advance(3999);
-  EXPECT_EQ(clipboard.GetText(), u"two");
-  Windows.Advance(1);
-  EXPECT_EQ(clipboard.GetText(), u"one");
+  const auto pasteKey = [&] {
+    KeyEvent key{.Key = 'V', .Control = true};
+    Box().OnKeyDown(key);
+    EXPECT_FALSE(key.Handled);
+    return clipboard.Changes();
+  };
+  for (const bool copied : {false, true}) {
+    clipboard.SetText(u"one");
+    auto changes = pasteKey();
+    EXPECT_EQ(pasteKey(), changes) << "a further paste does not touch the clipboard";
+    if (copied) clipboard.SetText(u"two"), ++changes;
+    Windows.Advance(3999);
+    EXPECT_EQ(clipboard.Changes(), changes);
+    Windows.Advance(1);
+    EXPECT_EQ(clipboard.Changes(), changes + (copied ? 0 : 1));
+    EXPECT_EQ(clipboard.GetText(), copied ? u"two" : u"one");
+    EXPECT_NE(pasteKey(), changes) << "the next one does again";
+    Windows.Advance(4000);
+  }
 }
 
 TEST_F(EditingTest, KeysRunTheirCommands) {
-  const String file = Files.Put(u"f.txt", "text");
-  Windows.ChosenFile = file;
-  EXPECT_TRUE(Press('O', true));
-  EXPECT_EQ(Box().Text(), u"text");
-  EXPECT_FALSE(Press(kKeyF1 + 10));  // F11
-  EXPECT_EQ(Windows.Clipboard().GetText(), u"text");
-  EXPECT_FALSE(Press(kKeyF1 + 11));  // F12
-  EXPECT_TRUE(App().Messages.HelpWindow.Visible);
-  EXPECT_FALSE(Press(kKeyF1 + 8));  // F9
-  EXPECT_FALSE(App().Menu.HorizWordWrapMenu.Checked);
-  EXPECT_TRUE(Press('F', true));
-  EXPECT_TRUE(App().Find.IsOpen());
-  EXPECT_TRUE(Press('F', true));
-  EXPECT_FALSE(App().Find.IsOpen());
-  Box().SetText(u"changed");
-  EXPECT_TRUE(Press('S', true));
-  EXPECT_EQ(BytesOf(file), "changed");
-  // Keys of the desktop, and characters that are typed with Ctrl and Alt.
-  for (const auto& [code, control, alt] :
-       {std::tuple(kKeyF1 + 8, false, true), std::tuple(kKeyF1 + 8, true, false),
-        std::tuple(int{'N'}, true, true)}) {
-    KeyEvent key;
-    key.Key = code;
-    key.Control = control;
-    key.Alt = alt;
+  Windows.ChosenFile = Files.Put(u"f.txt", "text");
+  const auto f = [](int number) { return kKeyF1 + number - 1; };
+  const struct {
+    KeyEvent Key;
+    bool Swallowed;
+    std::function<bool()> Done;
+  } steps[] = {
+      {{.Key = 'O', .Control = true}, true, [&] { return Box().Text() == u"text"; }},
+      {{.Key = f(11)}, false, [&] { return Windows.Clipboard().GetText() == u"text"; }},
+      {{.Key = f(12)}, false, [&] { return App().Messages.HelpWindow.Visible.Get(); }},
+      {{.Key = f(9)}, false, [&] { return !App().Menu.HorizWordWrapMenu.Checked; }},
+      // Keys of the desktop, and characters that are typed with Ctrl and Alt.
+      {{.Key = f(9), .Alt = true}, false, [&] { return !App().Menu.HorizWordWrapMenu.Checked; }},
+      {{.Key = f(9), .Control = true},
+       false,
+       [&] { return !App().Menu.HorizWordWrapMenu.Checked; }},
+      {{.Key = 'N', .Control = true, .Alt = true}, false, [&] { return Box().Text() == u"text"; }},
+      {{.Key = 'F', .Control = true}, true, [&] { return App().Find.IsOpen(); }},
+      {{.Key = 'F', .Control = true}, true, [&] { return !App().Find.IsOpen(); }},
+      {{.Key = 'S', .Shift = true, .Control = true},
+       true,
+       [&] { return BytesOf(*Windows.ChosenFile) == "text!"; }},
+      {{.Key = 'N', .Control = true}, true, [&] { return Box().Text().empty(); }},
+      {{.Key = 'A'}, false, [&] { return Box().Text().empty(); }},
+  };
+  for (const auto& step : steps) {
+    SCOPED_TRACE(step.Key.Key);
+    if (step.Key.Shift) Box().SetText(u"text!");
+    // A key that is held down does not run a command inside itself.
+    KeyEvent key = step.Key;
+    const bool before = step.Done();
+    App().Fields.ToolBusy = true;
     App().KeyDown(key);
     EXPECT_FALSE(key.Handled);
-    EXPECT_FALSE(App().Menu.HorizWordWrapMenu.Checked);
-    EXPECT_EQ(Box().Text(), u"changed");
+    EXPECT_EQ(step.Done(), before);
+    App().Fields.ToolBusy = false;
+    App().KeyDown(key);
+    EXPECT_EQ(key.Handled, step.Swallowed);
+    EXPECT_TRUE(step.Done());
   }
-  App().Fields.ToolBusy = true;
-  EXPECT_FALSE(Press('N', true));
-  EXPECT_EQ(Box().Text(), u"changed");
-  App().Fields.ToolBusy = false;
-  EXPECT_TRUE(Press('N', true));
-  EXPECT_EQ(Box().Text(), u"");
-  EXPECT_FALSE(Press('A'));
 }
 
 TEST_F(EditingTest, FindGoesThroughTheHits) {
   Box().SetText(u"One two one\r\ntwo ONE");
-  EXPECT_TRUE(Press('T', true));  // opens the panel; nothing to search for
+  EXPECT_TRUE(Press('T', true));
   EXPECT_TRUE(App().Find.IsOpen());
-  EXPECT_EQ(Windows.Notices, std::vector{String(u"Search text not found.")});
-  Windows.Notices.clear();
+  EXPECT_TRUE(Windows.Notices.empty()) << "nothing was searched for yet";
+  App().Find.txtFindText.Text = u"nowhere";
+  App().Find.cmdFind.Click();
+  EXPECT_EQ(std::exchange(Windows.Notices, {}), std::vector{String(u"Search text not found.")});
   App().Find.txtFindText.Text = u"one";
   App().ActiveControl = &App().Find.txtFindText;
   for (const std::size_t hit : {0u, 8u, 17u}) {
@@ -206,26 +219,33 @@ TEST(FindText, Options) {
   }
 }
 
-// In any case the text is folded in pieces; hits lie in them and across their borders.
+// In any case the text is folded in pieces; hits lie in them and across their ends.
 TEST(FindText, HitsInALongTextInAnyCase) {
+  constexpr StringView kHit = u"N\xD801\xDC28L";
   String text(300'000, u'x');
-  const std::size_t places[] = {0, 65'530, 65'536, 131'070, 196'700, 299'993};
-  for (const std::size_t place : places) text.replace(place, 4, u"N\xD801\xDC28L");
-  std::vector<std::size_t> hits;
+  std::vector<std::size_t> places{0, 65'530, 65'536, 131'070, 196'700, 299'993}, hits;
+  for (const std::size_t place : places) text.replace(place, kHit.size(), kHit);
   std::size_t start = 0;
   while (const auto hit = FindText(text, u"n\xD801\xDC00l", start, 0)) {
     hits.push_back(*hit);
     start = *hit + 1;
   }
-  EXPECT_EQ(hits, std::vector<std::size_t>(std::begin(places), std::end(places)));
+  EXPECT_EQ(hits, places);
+  // A piece is 65536 characters and twice what is searched for.
+  constexpr std::size_t kPieceEnd = 65'536 + 2 * kHit.size();
+  const String blank(kPieceEnd + 20, u'x');
+  for (std::size_t place = kPieceEnd - 6; place < kPieceEnd + 6; ++place) {
+    text = blank;
+    text.replace(place, kHit.size(), kHit);
+    EXPECT_EQ(FindText(text, u"n\xD801\xDC00l", 0, 0), place);
+    EXPECT_EQ(FindText(text, u"n\xD801\xDC00l", place, 0), place);
+    EXPECT_EQ(FindText(text, u"n\xD801\xDC00l", place + 1, 0), std::nullopt);
+  }
 }
 
 TEST_F(EditingTest, CommandThatFailsLeavesTheKeysAlive) {
   App().Menu.FindMenu.OnClick = [] { throw std::bad_alloc(); };
-  KeyEvent key;
-  key.Key = 'F';
-  key.Control = true;
-  EXPECT_THROW(App().KeyDown(key), std::bad_alloc);
+  EXPECT_THROW(Press('F', true), std::bad_alloc);
   EXPECT_FALSE(App().Fields.ToolBusy);
 }
 

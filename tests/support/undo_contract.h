@@ -148,34 +148,64 @@ TEST_P(UndoContract, PauseKeyAndMouseEndAStep) {
   }
 }
 
+// What the entries say and allow is what the next click does, at every moment.
 TEST_P(UndoContract, KindsAndCaptions) {
-  const MainMenu& menu = App().Menu;
-  EXPECT_FALSE(menu.UndoEditMenu.Enabled);
-  Type(u"word");
-  Pause();
-  EXPECT_EQ(menu.UndoEditMenu.Caption.Get(), u"&Undo Edit");
-  RunTool(u"All Upper Case");
-  EXPECT_EQ(Undo().UndoKind(1), clsUndo::kInserted);
-  EXPECT_EQ(Undo().UndoKind(2), clsUndo::kTool);
-  for (const int outside : {-1, 0, 3}) EXPECT_EQ(Undo().UndoKind(outside), clsUndo::kOutOfRange);
-  EXPECT_EQ(menu.UndoEditMenu.Caption.Get(), u"&Undo Tool");
-  App().Menu.UndoEditMenu.Click();
-  EXPECT_EQ(Box().Text(), u"word");
-  EXPECT_EQ(menu.UndoEditMenu.Caption.Get(), u"&Undo Edit");
-  EXPECT_EQ(menu.RedoEditMenu.Caption.Get(), u"&Redo Tool");
-  EXPECT_TRUE(menu.RedoEditMenu.Enabled);
-  Type(u"!");
-  Pause();
-  EXPECT_FALSE(menu.RedoEditMenu.Enabled);
-  EXPECT_FALSE(Undo().Redo(1));
+  MainMenu& menu = App().Menu;
+  const auto type = [&](StringView text) { return [=, this] { Type(text); }; };
+  const auto upper = [&] { RunTool(u"All Upper Case"); };
+  const struct {
+    const char* Name;
+    std::function<void()> Act;
+    bool CanUndo, ToolBefore, CanRedo, ToolBehind;
+  } steps[] = {
+      {"start", [] {}, false, false, false, false},
+      {"typing", type(u"word"), true, false, false, false},
+      {"a pause", [&] { Pause(); }, true, false, false, false},
+      {"a tool", upper, true, true, false, false},
+      {"typing behind a tool", type(u"x"), true, false, false, false},
+      {"its undo", [&] { menu.UndoEditMenu.Click(); }, true, true, true, false},
+      {"the tool's undo", [&] { App().Command7.Click(); }, true, false, true, true},
+      {"redo", [&] { menu.RedoEditMenu.Click(); }, true, true, true, false},
+      {"undo", [&] { menu.UndoEditMenu.Click(); }, true, false, true, true},
+      {"typing in place of redo", [&] { Type(u"!"), Pause(); }, true, false, false, false},
+      {"all undone", [&] { Undo().Undo(9); }, false, false, true, false},
+  };
+  for (const auto& step : steps) {
+    SCOPED_TRACE(step.Name);
+    step.Act();
+    EXPECT_EQ(menu.UndoEditMenu.Enabled, step.CanUndo);
+    EXPECT_EQ(App().Command7.Enabled, step.CanUndo);
+    EXPECT_EQ(menu.RedoEditMenu.Enabled, step.CanRedo);
+    EXPECT_EQ(menu.UndoEditMenu.Caption.Get(), step.ToolBefore ? u"&Undo Tool" : u"&Undo Edit");
+    EXPECT_EQ(menu.RedoEditMenu.Caption.Get(), step.ToolBehind ? u"&Redo Tool" : u"&Redo Edit");
+  }
 }
 
-TEST_P(UndoContract, PendingTypingTakesTheToolMark) {
-  Type(u"word");
-  RunTool(u"All Upper Case");
-  EXPECT_EQ(Undo().UndoKind(1), clsUndo::kTool);
-  EXPECT_EQ(Undo().UndoKind(2), clsUndo::kReplaced);
-  EXPECT_FALSE(App().Fields.ToolUndoPending);
+// Typing that pends is a step of its own when a command is chosen as a user does it.
+TEST_P(UndoContract, ToolAfterTypingWithoutAPause) {
+  const struct {
+    const char* Name;
+    std::function<void()> Run;
+    clsUndo::Kind First, Second;
+  } cases[] = {
+      {"the wrap alone", [&] { RunTool(u"All Upper Case"); }, clsUndo::kTool, clsUndo::kReplaced},
+      {"from the menu", [&] { App().Menu.ToolsMenu.OnOpen(), RunTool(u"All Upper Case"); },
+       clsUndo::kInserted, clsUndo::kTool},
+      {"from the tool bar", [&] { App().Command11.Click(); }, clsUndo::kInserted, clsUndo::kTool},
+      {"cut", [&] { Select(0, 2), App().Menu.CutMenu.Click(), Pause(); }, clsUndo::kInserted,
+       clsUndo::kDeleted},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    Begin(u"");
+    Type(u"> word");
+    c.Run();
+    ASSERT_EQ(Undo().UndoCount(), 2);
+    EXPECT_EQ(Undo().UndoKind(1), c.First);
+    EXPECT_EQ(Undo().UndoKind(2), c.Second);
+    for (const int outside : {-1, 0, 3}) EXPECT_EQ(Undo().UndoKind(outside), clsUndo::kOutOfRange);
+    EXPECT_FALSE(App().Fields.ToolUndoPending);
+  }
 }
 
 TEST_P(UndoContract, SeveralStepsAtOnce) {

@@ -6,6 +6,11 @@
 
 #include "platform/qt/clipboard_text.h"
 
+QtClipboard::QtClipboard() {
+  QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &context_,
+                   [this] { ++changes_; });
+}
+
 bool QtClipboard::HasText() const {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   return data && HoldsText(*data);

@@ -33,6 +33,8 @@ class Clipboard {
   virtual String GetRawText() const = 0;
   virtual void SetRawText(StringView text) = 0;
   virtual void Clear() = 0;
+  // Grows with each change of what it holds, whoever makes it.
+  virtual long long Changes() const = 0;
 };
 
 class WindowSystem {
