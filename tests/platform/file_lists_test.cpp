@@ -1,23 +1,12 @@
 #include "platform/window/file_lists.h"
 
-#include <chrono>
-
 #include "platform/system/files.h"
 #include "platform/test_folder.h"
-#include "text/pattern.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using Names = std::vector<String>;
-
-TEST(Pattern, ManyStarsTakeNoTime) {
-  String pattern;
-  for (int star = 0; star < 60; ++star) pattern += u"a*";
-  const auto start = std::chrono::steady_clock::now();
-  EXPECT_FALSE(FitsPattern(String(250, u'a') + u"b", pattern + u"c"));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
-}
 
 TEST(DirList, ShowsTheWayDownAndWhatIsInside) {
   const TestFolder folder;

@@ -7,9 +7,10 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
-#include "platform/system/byte_file.h"
 #include "platform/system/posix/mounts.h"
 #include "platform/system/posix/sys.h"
+#include "platform/system/text_file.h"
+#include "platform/system/work_file.h"
 #include "platform/test_folder.h"
 
 namespace {
@@ -93,24 +94,71 @@ TEST(ByteFile, MovesAndReadsBack) {
   EXPECT_EQ(fs::status(folder.Path / "one").permissions(), fs::perms(0600));
 }
 
-TEST(ByteFile, ANamelessCopyStaysAsItWas) {
+TEST(WorkFile, IsReadAsItWasWrittenAndHasNoName) {
   // The second time on a file system that knows no nameless files.
   for (const int error : {0, EOPNOTSUPP}) {
     const TestFolder folder;
-    const std::string content(300'001, 'c');
-    folder.Put("file", content);
     int opened = 0;
     sys::OnCall = [&](const char* call) {
-      return call == std::string("open") && ++opened == 2 ? error : 0;
+      return call == std::string("open") && ++opened % 2 == 1 ? error : 0;
     };
-    InputFile copy = InputFile::CopyOf(folder / "file");
+    WorkFile work = WorkFile(folder / "");
+    const auto read = [](InputFile file) {
+      std::string content;
+      file.ReadRest([&](std::string_view bytes) { content += bytes; });
+      return content;
+    };
+    const std::string content(300'001, 'c');
+    for (const std::string& round : {content, std::string("shorter"), std::string()}) {
+      OutputFile output = work.Write();
+      output.Write(round.substr(0, round.size() / 2));
+      output.Write(round.substr(round.size() / 2));
+      output.Close();
+      InputFile first = work.Read();
+      char byte;
+      EXPECT_EQ(first.Read(&byte, 1), round.empty() ? 0u : 1u);
+      EXPECT_TRUE(read(work.Read()) == round) << "each has its own place";
+      EXPECT_TRUE(read(std::move(first)) == (round.empty() ? "" : round.substr(1)));
+    }
+    TextWriter writer(work.Write(), {});
+    writer.Print(u"\u0416");
+    writer.Print(u"\xD800");
+    writer.Close();
+    EXPECT_EQ(writer.Format().Encoding, Encoding::Utf16Le);
+    WorkFile moved = std::move(work);
+    EXPECT_EQ(TextReader(moved.Read()).ReadLine(), u"\u0416");
+    EXPECT_TRUE(folder.Names().empty());
     sys::OnCall = nullptr;
-    EXPECT_EQ(folder.Names(), std::set<std::string>{"file"});
-    folder.Put("file", "other");
-    std::string read;
-    copy.ReadRest([&](std::string_view bytes) { read += bytes; });
-    EXPECT_TRUE(read == content) << read.size();
-    EXPECT_EQ(copy.Size(), content.size());
+  }
+}
+
+// What stands by the name of a work file may be somebody else's trap.
+TEST(ByteFile, IsNeverWrittenWhereOthersCanReadOrChangeIt) {
+  const std::pair<const char*, std::function<void(const fs::path&)>> traps[]{
+      {"link", [](const fs::path& path) { fs::create_symlink("precious", path); }},
+      {"dangling link", [](const fs::path& path) { fs::create_symlink("nowhere", path); }},
+      {"hard link",
+       [](const fs::path& path) { fs::create_hard_link(path.parent_path() / "precious", path); }},
+      {"readable", [](const fs::path& path) { std::ofstream(path) << "text"; }},
+      {"foreign", [](const fs::path& path) {
+         std::ofstream(path) << "text";
+         fs::permissions(path, fs::perms(0600));
+         EXPECT_EQ(chown(path.c_str(), geteuid() == 0 ? 65534 : geteuid(), getegid()), 0);
+       }}};
+  for (const auto& [name, plant] : traps) {
+    SCOPED_TRACE(name);
+    const TestFolder folder;
+    folder.Put("precious", "precious");
+    fs::permissions(folder.Path / "precious", fs::perms(0600));
+    plant(folder.Path / "work");
+    OutputFile(folder / "work").Write("new");
+    EXPECT_EQ(folder.Get("precious"), "precious");
+    EXPECT_EQ(folder.Get("work"), "new");
+    struct stat status;
+    ASSERT_EQ(lstat((folder.Path / "work").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode, S_IFREG | 0600u);
+    EXPECT_EQ(status.st_uid, geteuid());
+    EXPECT_EQ(folder.Names(), (std::set<std::string>{"precious", "work"}));
   }
 }
 

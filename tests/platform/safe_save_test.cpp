@@ -18,11 +18,16 @@ void ProduceNew(const ByteSink& sink) {
   for (int block = 0; block < 3; ++block) sink(kBlock);
 }
 
+void ReplaceByNew(const String& path) {
+  SafeReplace(path, [](OutputFile file) { ProduceNew([&](auto bytes) { file.Write(bytes); }); });
+}
+
 // The ways that a save can take. The text is saved to "name" in the folder.
 struct Way {
   const char* Name;
   std::function<void(const TestFolder&)> Prepare;
   bool HasOld = true;
+  std::function<void(const String&)> Save = [](const String& path) { SafeSave(path, ProduceNew); };
 };
 
 const Way kWays[]{
@@ -46,6 +51,14 @@ const Way kWays[]{
        // The hook of the tests below stands for a mount point.
        folder.Put("busy", "");
      }},
+    {"into an open file", [](const TestFolder& folder) { folder.Put("name", kOld); }, true,
+     ReplaceByNew},
+    {"in place from an open file",
+     [](const TestFolder& folder) {
+       folder.Put("name", kOld);
+       fs::create_hard_link(folder.Path / "name", folder.Path / "second");
+     },
+     true, ReplaceByNew},
 };
 
 // Counts the calls and lets something happen at one of them; a rename onto a busy file is refused.
@@ -94,7 +107,7 @@ TEST_P(SafeSaveWays, AProcessThatEndsAtAnyCallLosesNothing) {
     GetParam().Prepare(folder);
     status = InChild([&] {
       const Hook hook(Busy(folder), call, [](const char*) -> int { _exit(kKilled); });
-      SafeSave(folder / "name", ProduceNew);
+      GetParam().Save(folder / "name");
     });
     const std::string now = folder.Get("name");
     const bool oldIsThere =
@@ -115,7 +128,7 @@ TEST_P(SafeSaveWays, AFailureOfAnyCallLeavesTheOldContent) {
       bool done = false;
       Hook hook(Busy(folder), call,
                 [&](const char*) { return std::exchange(done, true) ? 0 : error; });
-      const int code = CodeOf([&] { SafeSave(folder / "name", ProduceNew); });
+      const int code = CodeOf([&] { GetParam().Save(folder / "name"); });
       if (hook.Struck.empty()) break;
       SCOPED_TRACE(hook.Struck + " " + std::to_string(call) + " errno " + std::to_string(error));
 
@@ -139,7 +152,7 @@ TEST_P(SafeSaveWays, WhenNothingCanBePutBackTheErrorNamesTheCopy) {
               [](const char* name) { return std::string_view(name) == "unlink" ? 0 : EIO; });
     std::string message;
     try {
-      SafeSave(folder / "name", ProduceNew);
+      GetParam().Save(folder / "name");
     } catch (const RuntimeError& error) {
       message = error.what();
     }

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string_view>
 
-#include "text/text.h"
+#include "platform/system/byte_file.h"
 
 // Hands bytes to the new content, any number of times. Each call is a write, so hand over blocks.
 using ByteSink = std::function<void(std::string_view bytes)>;
@@ -22,7 +22,11 @@ using ByteSink = std::function<void(std::string_view bytes)>;
 // folder behind the rename fails does the file hold the new content already.
 void SafeSave(const String& path, const std::function<void(const ByteSink&)>& produce);
 
-// The same for content that `write` puts into a file, empty so far, by its path. False, and `write`
+// The same for content that `write` puts into an open file, empty so far. Where the target has to
+// be rewritten in place, that begins when `write` is done.
+void SafeReplace(const String& path, const std::function<void(OutputFile)>& write);
+
+// The same by its path. False, and `write`
 // was not called, where the file can't be replaced in one step; SafeSave then rewrites it in place.
 bool SafeReplace(const String& path, const std::function<void(const String& scratch)>& write);
 

@@ -10,9 +10,7 @@
 #include "text/runtime_error.h"
 #include "text/utf8.h"
 
-namespace {
-
-LoadedText ReadText(InputFile file) {
+LoadedText ReadTextFile(InputFile file) {
   FileShape shape = ProbeFile(file);
   const bool isUnix = shape.Format.LineEnds == LineEnds::Lf;
   const bool hasBareCrs = shape.BareCrs > 0;
@@ -35,9 +33,7 @@ LoadedText ReadText(InputFile file) {
   return loaded;
 }
 
-}  // namespace
-
-LoadedText ReadTextFile(const String& path) { return ReadText(InputFile(path)); }
+LoadedText ReadTextFile(const String& path) { return ReadTextFile(InputFile(path)); }
 
 TextFormat FormatThatHolds(StringView text, const TextFormat& wanted) {
   FormatCheck check(wanted);
@@ -72,8 +68,9 @@ void WriteTextFile(const String& path, StringView text, const TextFormat& format
   });
 }
 
-void WriteWorkFile(const String& path, StringView text) {
-  OutputFile file(path);
+void WriteWorkFile(const String& path, StringView text) { WriteWorkFile(OutputFile(path), text); }
+
+void WriteWorkFile(OutputFile file, StringView text) {
   std::string block;
   while (!text.empty()) {
     std::size_t size = std::min(text.size(), kBlockSize);
@@ -85,8 +82,9 @@ void WriteWorkFile(const String& path, StringView text) {
   file.Close();
 }
 
-String ReadWorkFile(const String& path) {
-  InputFile file(path);
+String ReadWorkFile(const String& path) { return ReadWorkFile(InputFile(path)); }
+
+String ReadWorkFile(InputFile file) {
   String text;
   text.reserve(static_cast<std::size_t>(file.Size()));
   String block(kBlockSize, u'\0');
@@ -102,7 +100,7 @@ std::vector<String> ReadDataFile(const String& path) {
   InputFile file(path);
   if (file.Size() > kMostDataBytes)
     throw RuntimeError(kOutOfMemory, ToUtf8(path) + " is too large for a data file");
-  const String text = ReadText(std::move(file)).Text;
+  const String text = ReadTextFile(std::move(file)).Text;
   std::vector<String> lines;
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t end = std::min(text.find(kLf, at), text.size());

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/system/byte_file.h"
 #include "text/text_format.h"
 
 struct LoadedText {
@@ -22,6 +23,7 @@ struct LoadedText {
 };
 
 LoadedText ReadTextFile(const String& path);
+LoadedText ReadTextFile(InputFile file);
 
 // The format that holds all of a text: `wanted` itself where that does. A character outside
 // Windows-1252 makes it UTF-8; a lone surrogate that UTF-8 has no bytes for makes it UTF-16 LE with
@@ -35,7 +37,9 @@ void WriteTextFile(const String& path, StringView text, const TextFormat& format
 // A work file: the text exactly, lone surrogates and LFs included, for this program alone; mode
 // 0600. No protection against a failure half way.
 void WriteWorkFile(const String& path, StringView text);
+void WriteWorkFile(OutputFile file, StringView text);
 String ReadWorkFile(const String& path);
+String ReadWorkFile(InputFile file);
 
 // No data file that the program writes comes near this.
 inline constexpr std::uint64_t kMostDataBytes = 64 * 1024 * 1024;
@@ -53,6 +57,8 @@ class TextReader {
   explicit TextReader(const String& path);
   // A file whose format is known, from a TextReader or from the TextWriter that has written it.
   TextReader(const String& path, const TextFormat& format);
+  explicit TextReader(InputFile file);
+  TextReader(InputFile file, const TextFormat& format);
   TextReader(TextReader&&) noexcept;
   TextReader& operator=(TextReader&&) noexcept;
   ~TextReader();
@@ -82,8 +88,9 @@ class TextReader {
 // encoding of the whole file, as FormatThatHolds tells.
 class TextWriter {
  public:
-  // Makes the file or empties it.
+  // A work file.
   TextWriter(const String& path, const TextFormat& format);
+  TextWriter(OutputFile file, const TextFormat& format);
   TextWriter(TextWriter&&) noexcept;
   TextWriter& operator=(TextWriter&&) noexcept;
   // Closes; a failure that only shows then is lost, so call Close.

@@ -5,11 +5,9 @@
 #include "text/runtime_error.h"
 
 struct TextReader::State {
-  explicit State(const String& path) : State(InputFile(path)) {}
   explicit State(InputFile file)
       : Shape(ProbeFile(file)), Lines(std::move(file), Shape.Format, Shape.Bytes) {}
 
-  State(const String& path, const TextFormat& format) : State(InputFile(path), format) {}
   State(InputFile file, const TextFormat& format)
       : Shape{.Format = format, .Bytes = TextBytes(file, format)},
         Lines(std::move(file), format, Shape.Bytes) {}
@@ -32,9 +30,12 @@ struct TextReader::State {
   bool Ended = true;
 };
 
-TextReader::TextReader(const String& path) : state_(std::make_unique<State>(path)) {}
+TextReader::TextReader(const String& path) : TextReader(InputFile(path)) {}
 TextReader::TextReader(const String& path, const TextFormat& format)
-    : state_(std::make_unique<State>(path, format)) {}
+    : TextReader(InputFile(path), format) {}
+TextReader::TextReader(InputFile file) : state_(std::make_unique<State>(std::move(file))) {}
+TextReader::TextReader(InputFile file, const TextFormat& format)
+    : state_(std::make_unique<State>(std::move(file), format)) {}
 TextReader::TextReader(TextReader&&) noexcept = default;
 TextReader& TextReader::operator=(TextReader&&) noexcept = default;
 TextReader::~TextReader() = default;

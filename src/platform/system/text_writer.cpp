@@ -15,11 +15,11 @@ TextFormat WithoutBareCrs(TextFormat format) {
 }  // namespace
 
 struct TextWriter::State {
-  State(const String& path, const TextFormat& format)
+  State(OutputFile file, const TextFormat& format)
       : Check(WithoutBareCrs(format)),
         LineEnd(format.LineEnds == LineEnds::Lf ? kCrLf.substr(1) : kCrLf),
         Written(Check.Format()),
-        Out(path),
+        Out(std::move(file)),
         Encoder(Written, [this](std::string_view bytes) { Out.Write(bytes); }) {}
 
   // The loops over characters pay off on more than a line.
@@ -49,9 +49,7 @@ struct TextWriter::State {
   // Writes the file anew, in the format that it needs by now.
   void Recode() {
     Encoder.Flush();
-    Out.Close();
-    InputFile old = InputFile::CopyOf(Out.Path());
-    Out = OutputFile(Out.Path());
+    InputFile old = Out.TakeContent();
     Encoder.Restart(Check.Format());
 
     const std::uint64_t bytes = old.Size() - MarkOf(Written).size();
@@ -86,7 +84,10 @@ struct TextWriter::State {
 };
 
 TextWriter::TextWriter(const String& path, const TextFormat& format)
-    : state_(std::make_unique<State>(path, format)) {}
+    : TextWriter(OutputFile(path), format) {}
+
+TextWriter::TextWriter(OutputFile file, const TextFormat& format)
+    : state_(std::make_unique<State>(std::move(file), format)) {}
 
 TextWriter::TextWriter(TextWriter&&) noexcept = default;
 

@@ -1,7 +1,7 @@
 #include "platform/system/byte_file.h"
 
 #include <fcntl.h>
-#include <utility>
+#include <unistd.h>
 #include <vector>
 
 #include "platform/system/files.h"
@@ -10,54 +10,45 @@
 
 namespace {
 
-int OpenEmpty(const String& path) {
-  sys::Descriptor descriptor(sys::OpenRegular(path, O_WRONLY | O_CREAT, 0600));
-  struct stat status;
-  sys::Check(fstat(descriptor.Get(), &status), path);
-  // Of an empty file too, a file system may write out all that comes when it is closed.
-  if (status.st_size > 0) sys::Check(sys::Truncate(descriptor.Get(), 0), path);
-  return descriptor.Release();
+sys::SharedDescriptor Share(int descriptor) {
+  return std::make_shared<sys::Descriptor>(descriptor);
 }
 
-// A new file without a name, or -1.
-int OpenNameless(const String& folder) {
-  const int descriptor = sys::Open(folder, O_TMPFILE | O_RDWR, 0600);
-  if (descriptor >= 0 || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL))
-    return descriptor;
-  // A file system that can't: the name goes right after it was made.
-  ScratchFile named;
-  return named.Make(folder, u".wordflurn-", 0600) < 0 ? -1 : named.Release();
+bool IsForThisUserAlone(const struct stat& status) {
+  return S_ISREG(status.st_mode) && status.st_uid == geteuid() && status.st_nlink == 1 &&
+         (status.st_mode & 07777) == 0600;
+}
+
+int OpenEmpty(const String& path) {
+  struct stat status;
+  if (sys::StatLink(path, status) == 0) {
+    if (!S_ISLNK(status.st_mode)) sys::CheckRegular(status, path);
+    sys::Descriptor there(sys::Open(path, O_RDWR | O_NOFOLLOW));
+    if (there.Get() >= 0 && fstat(there.Get(), &status) == 0 && IsForThisUserAlone(status)) {
+      // Of an empty file too, a file system may write out all that comes when it is closed.
+      if (status.st_size > 0) sys::Check(sys::Truncate(there.Get(), 0), path);
+      return there.Release();
+    }
+    sys::Check(sys::Unlink(path), path);
+  } else if (errno != ENOENT) {
+    sys::Throw(path);
+  }
+  return sys::Check(sys::Open(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0600), path);
 }
 
 }  // namespace
 
 InputFile::InputFile(const String& path)
-    : descriptor_(sys::OpenRegular(path, O_RDONLY)), path_(path) {}
+    : InputFile(Share(sys::OpenRegular(path, O_RDONLY)), path) {}
 
-InputFile InputFile::CopyOf(const String& path) {
-  InputFile source(path);
-  InputFile copy(sys::Check(OpenNameless(FolderOf(path)), path), path);
-  source.ReadRest(
-      [&](std::string_view bytes) { sys::Check(sys::Write(copy.descriptor_, bytes), path); });
-  copy.Rewind();
-  return copy;
-}
-
-InputFile::InputFile(InputFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
-
-InputFile& InputFile::operator=(InputFile&& other) noexcept {
-  std::swap(descriptor_, other.descriptor_);
-  std::swap(path_, other.path_);
-  return *this;
-}
-
-InputFile::~InputFile() {
-  if (descriptor_ >= 0) sys::Close(descriptor_);
-}
+InputFile::InputFile(std::shared_ptr<sys::Descriptor> file, const String& path)
+    : file_(std::move(file)), path_(path) {}
 
 std::size_t InputFile::Read(char* buffer, std::size_t size) {
-  return static_cast<std::size_t>(sys::Check(sys::Read(descriptor_, buffer, size), path_));
+  const auto got =
+      static_cast<std::size_t>(sys::Check(sys::Read(file_->Get(), buffer, size, place_), path_));
+  place_ += got;
+  return got;
 }
 
 void InputFile::ReadRest(const std::function<void(std::string_view bytes)>& use) {
@@ -65,34 +56,32 @@ void InputFile::ReadRest(const std::function<void(std::string_view bytes)>& use)
   while (const std::size_t size = Read(block.data(), block.size())) use({block.data(), size});
 }
 
-void InputFile::Rewind() { sys::Check(sys::Rewind(descriptor_), path_); }
-
 std::uint64_t InputFile::Size() const {
   struct stat status;
-  sys::Check(fstat(descriptor_, &status), path_);
+  sys::Check(fstat(file_->Get(), &status), path_);
   return static_cast<std::uint64_t>(status.st_size);
 }
 
-OutputFile::OutputFile(const String& path) : descriptor_(OpenEmpty(path)), path_(path) {}
+OutputFile::OutputFile(const String& path) : OutputFile(Share(OpenEmpty(path)), path) {}
 
-OutputFile::OutputFile(OutputFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
-
-OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
-  std::swap(descriptor_, other.descriptor_);
-  std::swap(path_, other.path_);
-  return *this;
-}
-
-OutputFile::~OutputFile() {
-  if (descriptor_ >= 0) sys::Close(descriptor_);
-}
+OutputFile::OutputFile(std::shared_ptr<sys::Descriptor> file, const String& path)
+    : file_(std::move(file)), path_(path) {}
 
 void OutputFile::Write(std::string_view bytes) {
-  sys::Check(sys::Write(descriptor_, bytes), path_);
+  sys::Check(sys::Write(file_->Get(), bytes, place_), path_);
+  place_ += bytes.size();
+}
+
+InputFile OutputFile::TakeContent() {
+  sys::SharedDescriptor taken = OpenNameless(FolderOf(path_));
+  if (!taken) sys::Throw(path_);
+  OutputFile copy(taken, path_);
+  InputFile(file_, path_).ReadRest([&](std::string_view bytes) { copy.Write(bytes); });
+  sys::Check(sys::Truncate(file_->Get(), 0), path_);
+  place_ = 0;
+  return {std::move(taken), path_};
 }
 
 void OutputFile::Close() {
-  if (descriptor_ < 0) return;
-  sys::Check(sys::Close(std::exchange(descriptor_, -1)), path_);
+  if (file_) sys::Check(sys::LetGo(file_), path_);
 }

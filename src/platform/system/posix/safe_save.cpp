@@ -9,6 +9,7 @@
 #include "platform/system/posix/scratch_file.h"
 #include "platform/system/posix/sys.h"
 #include "platform/system/signals.h"
+#include "platform/system/work_file.h"
 #include "text/runtime_error.h"
 
 namespace {
@@ -46,30 +47,31 @@ String Resolve(const String& path) {
   sys::Throw(path, ELOOP);
 }
 
-void WriteAll(int descriptor, const String& path, const Producer& produce) {
-  produce([&](std::string_view bytes) { sys::Check(sys::Write(descriptor, bytes), path); });
+// Hands over what an open file holds; failures name the path.
+Producer ContentOf(const sys::SharedDescriptor& file, const String& path) {
+  return [file, path](const ByteSink& sink) { InputFile(file, path).ReadRest(sink); };
 }
 
-// Hands over what a file holds.
-Producer ContentOf(const String& path) {
-  return [path](const ByteSink& sink) { InputFile(path).ReadRest(sink); };
-}
-
-// Writes from the start without cutting the file first, so that the old content always finds its
-// place on the disk again.
-void Overwrite(int descriptor, const String& path, const Producer& produce) {
+// Writes from the start. Returns the size.
+off_t Write(const sys::SharedDescriptor& file, const String& path, const Producer& produce) {
   off_t size = 0;
-  sys::Check(sys::Rewind(descriptor), path);
+  OutputFile output(file, path);
   produce([&](std::string_view bytes) {
-    sys::Check(sys::Write(descriptor, bytes), path);
+    output.Write(bytes);
     size += static_cast<off_t>(bytes.size());
   });
-  sys::Check(sys::Truncate(descriptor, size), path);
-  sys::Check(sys::Sync(descriptor), path);
+  return size;
+}
+
+// Without cutting the file first, so that the old content always finds its place on the disk again.
+void Overwrite(const sys::SharedDescriptor& file, const String& path, const Producer& produce) {
+  const off_t size = Write(file, path, produce);
+  sys::Check(sys::Truncate(file->Get(), size), path);
+  sys::Check(sys::Sync(file->Get()), path);
 }
 
 // Keeps the content of a file in a copy that a person will know again.
-void KeepCopy(const String& path, ScratchFile& copy) {
+void KeepCopy(const sys::SharedDescriptor& file, const String& path, ScratchFile& copy) {
   // Leaves room for the digits in a name of 255 bytes.
   constexpr std::size_t kLongestName = 70;
   String name(FileNameOf(path).substr(0, kLongestName));
@@ -79,22 +81,23 @@ void KeepCopy(const String& path, ScratchFile& copy) {
     if (!IsRefusal(errno) || spareFolder.empty()) sys::Throw(path);
     sys::Check(copy.Make(spareFolder, name, 0600), spareFolder);
   }
-  WriteAll(copy.Get(), copy.Path(), ContentOf(path));
+  Write(copy.File(), copy.Path(), ContentOf(file, path));
   sys::Check(sys::Sync(copy.Get()), copy.Path());
   sys::Check(copy.Close(), copy.Path());
   sys::Check(sys::SyncFolder(FolderOf(copy.Path())), copy.Path());
 }
 
-void RewriteInPlace(int descriptor, const String& path, const Producer& produce) {
+void RewriteInPlace(const sys::SharedDescriptor& file, const String& path,
+                    const Producer& produce) {
   // Ended half way, the file would be half new.
   const SignalsHeld held;
   ScratchFile copy;
-  KeepCopy(path, copy);
+  KeepCopy(file, path, copy);
   try {
-    Overwrite(descriptor, path, produce);
+    Overwrite(file, path, produce);
   } catch (const std::exception& error) {
     try {
-      Overwrite(descriptor, path, ContentOf(copy.Path()));
+      Overwrite(file, path, ContentOf(copy.File(), copy.Path()));
     } catch (const std::exception&) {
       const String kept = copy.Path();
       copy.Leave();
@@ -141,7 +144,9 @@ class Replacement {
       return;
     }
     // Opened first: a rename would pass over a missing permission to write.
-    old_.emplace(sys::OpenRegular(target_, O_WRONLY));
+    const bool unreadable = sys::Access(target_, R_OK) < 0 && errno == EACCES;
+    old_ = std::make_shared<sys::Descriptor>(
+        sys::OpenRegular(target_, unreadable ? O_WRONLY : O_RDWR));
     sys::Check(fstat(old_->Get(), &status_), target_);
     if (status_.st_nlink != 1) return;
     if (scratch_.Make(folder, kScratchPrefix, 0600) < 0) {
@@ -156,9 +161,9 @@ class Replacement {
     std::optional<mode_t> mode;
     if (old_) mode = status_.st_mode & 07777;
     if (!ReplaceByRename(scratch_, target_, mode, [&] { write(scratch_); }))
-      RewriteInPlace(old_->Get(), target_, ContentOf(scratch_.Path()));
+      RewriteInPlace(old_, target_, ContentOf(scratch_.File(), target_));
   }
-  void Rewrite(const Producer& produce) { RewriteInPlace(old_->Get(), target_, produce); }
+  void Rewrite(const Producer& produce) { RewriteInPlace(old_, target_, produce); }
   const String& Target() const { return target_; }
 
  private:
@@ -166,10 +171,18 @@ class Replacement {
 
   String target_;
   struct stat status_ = {};
-  std::optional<sys::Descriptor> old_;
+  sys::SharedDescriptor old_;
   ScratchFile scratch_;
   bool canRename_ = false;
 };
+
+// A file for new content, beside its target where that can be had.
+WorkFile MakeContent(const String& folder) try {
+  return WorkFile(folder);
+} catch (const RuntimeError& error) {
+  if (error.Code != kPermissionDenied || spareFolder.empty()) throw;
+  return WorkFile(spareFolder);
+}
 
 }  // namespace
 
@@ -178,7 +191,19 @@ void SetSpareFolder(const String& folder) { spareFolder = folder; }
 void SafeSave(const String& path, const Producer& produce) {
   Replacement file(path);
   if (!file.ByRename()) return file.Rewrite(produce);
-  file.Rename([&](ScratchFile& scratch) { WriteAll(scratch.Get(), file.Target(), produce); });
+  file.Rename([&](ScratchFile& scratch) { Write(scratch.File(), file.Target(), produce); });
+}
+
+void SafeReplace(const String& path, const std::function<void(OutputFile)>& write) {
+  Replacement file(path);
+  if (file.ByRename()) {
+    return file.Rename(
+        [&](ScratchFile& scratch) { write(OutputFile(scratch.File(), file.Target())); });
+  }
+  // All of it first: what may fail must not do so with the target half written.
+  WorkFile content = MakeContent(FolderOf(file.Target()));
+  write(content.Write());
+  file.Rewrite([&](const ByteSink& sink) { content.Read().ReadRest(sink); });
 }
 
 bool SafeReplace(const String& path, const std::function<void(const String& scratch)>& write) {

@@ -65,22 +65,22 @@ int Open(const String& path, int flags, mode_t mode) {
   });
 }
 
-ssize_t Read(int descriptor, char* buffer, std::size_t size) {
-  return Call("read", [&] { return read(descriptor, buffer, size); });
+ssize_t Read(int descriptor, char* buffer, std::size_t size, std::uint64_t place) {
+  return Call("read", [&] { return pread(descriptor, buffer, size, static_cast<off_t>(place)); });
 }
 
-int Write(int descriptor, std::string_view bytes) {
+int Write(int descriptor, std::string_view bytes, std::uint64_t place) {
   while (!bytes.empty()) {
-    const ssize_t written =
-        Call("write", [&] { return write(descriptor, bytes.data(), bytes.size()); });
+    const ssize_t written = Call("write", [&] {
+      return pwrite(descriptor, bytes.data(), bytes.size(), static_cast<off_t>(place));
+    });
     if (written == 0) errno = ENOSPC;
     if (written <= 0) return -1;
     bytes.remove_prefix(static_cast<std::size_t>(written));
+    place += static_cast<std::uint64_t>(written);
   }
   return 0;
 }
-
-int Rewind(int descriptor) { return lseek(descriptor, 0, SEEK_SET) < 0 ? -1 : 0; }
 
 int Truncate(int descriptor, off_t size) {
   return Call("ftruncate", [&] { return ftruncate(descriptor, size); });
@@ -96,6 +96,14 @@ int Close(int descriptor) {
   if (error) errno = error;
   // After an interruption the descriptor is closed all the same.
   return (error || result < 0) && errno != EINTR ? -1 : 0;
+}
+
+int LetGo(SharedDescriptor& descriptor) {
+  const SharedDescriptor own = std::move(descriptor);
+  if (own.use_count() == 1) return Close(own->Release());
+  // Closing a second number of the same open file brings its late errors to light as well.
+  const int second = Call("dup", [&] { return fcntl(own->Get(), F_DUPFD_CLOEXEC, 0); });
+  return second < 0 ? -1 : Close(second);
 }
 
 int ChangeOwner(int descriptor, uid_t owner, gid_t group) {

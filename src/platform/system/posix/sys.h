@@ -5,7 +5,9 @@
 // As in the system itself, -1 tells of a failure and errno of its cause.
 
 #include <cerrno>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -21,10 +23,10 @@ extern std::function<int(const char* call)> OnCall;
 
 // Close-on-exec is added to the flags. Never waits for the other end of a pipe.
 int Open(const String& path, int flags, mode_t mode = 0);
-ssize_t Read(int descriptor, char* buffer, std::size_t size);
+// These two know their place themselves and leave that of the descriptor alone.
+ssize_t Read(int descriptor, char* buffer, std::size_t size, std::uint64_t place);
 // All of the bytes.
-int Write(int descriptor, std::string_view bytes);
-int Rewind(int descriptor);
+int Write(int descriptor, std::string_view bytes, std::uint64_t place);
 int Truncate(int descriptor, off_t size);
 int Sync(int descriptor);
 // The descriptor is gone in any case.
@@ -93,5 +95,10 @@ class Descriptor {
  private:
   int value_ = -1;
 };
+
+// An open file that several objects use; it is closed when the last one lets it go.
+using SharedDescriptor = std::shared_ptr<Descriptor>;
+// Lets it go, and tells what only shows when a file is closed even if others go on using it.
+int LetGo(SharedDescriptor& descriptor);
 
 }  // namespace sys
