@@ -118,6 +118,11 @@ int ChangeMode(const String& path, mode_t mode) {
   return CallOn("chmod", path, [&](const char* bytes) { return chmod(bytes, mode); });
 }
 
+int SetTimes(int descriptor, const struct stat& times) {
+  const timespec both[]{times.st_atim, times.st_mtim};
+  return Call("futimens", [&] { return futimens(descriptor, both); });
+}
+
 int Rename(const String& from, const String& to) {
   const std::string target = ToUtf8(to);
   return CallOn("rename", from, [&](const char* bytes) { return rename(bytes, target.c_str()); });
@@ -128,6 +133,8 @@ int Unlink(const String& path) { return CallOn("unlink", path, unlink); }
 int MakeFolder(const String& path, mode_t mode) {
   return CallOn("mkdir", path, [&](const char* bytes) { return mkdir(bytes, mode); });
 }
+
+int RemoveFolder(const String& path) { return CallOn("rmdir", path, rmdir); }
 
 int ChangeFolder(const String& path) { return CallOn("chdir", path, chdir); }
 

@@ -34,9 +34,13 @@ int Close(int descriptor);
 int ChangeOwner(int descriptor, uid_t owner, gid_t group);
 int ChangeMode(int descriptor, mode_t mode);
 int ChangeMode(const String& path, mode_t mode);
+// The times of the last reading and the last change.
+int SetTimes(int descriptor, const struct stat& times);
 int Rename(const String& from, const String& to);
 int Unlink(const String& path);
 int MakeFolder(const String& path, mode_t mode);
+// Of an empty folder.
+int RemoveFolder(const String& path);
 int ChangeFolder(const String& path);
 // Takes an exclusive lock, without waiting.
 int Lock(int descriptor);
