@@ -20,8 +20,11 @@ struct stat OpenStatus(int descriptor, const String& path) {
 void Fill(int made, const String& path, const String& from) {
   const sys::Descriptor source(sys::OpenRegular(from, O_RDONLY));
   const struct stat status = OpenStatus(source.Get(), from);
-  InputFile(from).ReadRest(
-      [&](std::string_view bytes) { sys::Check(sys::Write(made, bytes), path); });
+  std::uint64_t place = 0;
+  InputFile(from).ReadRest([&](std::string_view bytes) {
+    sys::Check(sys::Write(made, bytes, place), path);
+    place += bytes.size();
+  });
   // What can't be kept is not worth the copy.
   CarryOwnerAndAttributes(source.Get(), status, made);
   sys::Check(sys::ChangeMode(made, status.st_mode & 0777), path);

@@ -1,7 +1,6 @@
 #include "platform/system/record_file.h"
 
 #include <fcntl.h>
-#include <unistd.h>
 #include <utility>
 
 #include "platform/system/posix/sys.h"
@@ -21,13 +20,12 @@ void RecordFile::CheckWhole() const {
 
 void RecordFile::Append(std::string_view bytes) {
   CheckWhole();
-  if (sys::Write(descriptor_, bytes) == 0) {
+  if (sys::Write(descriptor_, bytes, size_) == 0) {
     size_ += bytes.size();
     return;
   }
   const int error = errno;
-  broken_ = sys::Truncate(descriptor_, static_cast<off_t>(size_)) < 0 ||
-            lseek(descriptor_, static_cast<off_t>(size_), SEEK_SET) < 0;
+  broken_ = sys::Truncate(descriptor_, static_cast<off_t>(size_)) < 0;
   sys::Throw(path_, error);
 }
 
