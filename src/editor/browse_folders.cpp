@@ -19,6 +19,8 @@ BrowseFolders::BrowseFolders(WindowSystem& windows, Messages& messages)
     ChosenFolder.clear();
     Unload();
   };
+  Drive1.AccessibleName = u"Drive";
+  Dir1.AccessibleName = u"Folder";
   Dir1.OnChange = [this] { FolderChanged(); };
   Drive1.OnChange = [this] { DriveChanged(); };
   Columns = 50;

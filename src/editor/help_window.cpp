@@ -31,6 +31,7 @@ HelpWindow::HelpWindow(WindowSystem& windows) : Form(windows) {
   Combo1.OnClick = [this] { ShowPage(); };
   Text1.MultiLine = true;
   Text1.Locked = true;
+  Text1.AccessibleName = u"Help text";
   Command1.Caption = u"&Close";
   Command1.Cancel = true;
   Command1.OnClick = [this] { Unload(); };

@@ -23,8 +23,8 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
       u"and use those files below.  When the text is converted, the default headers/footers will "
       u"be bypassed (except to set the title as the first line of the text) and your code will be "
       u"used for the headers and footers instead.";
-  Label2.Caption = u"Header File: ";
-  Label3.Caption = u"Footer File: ";
+  Label2.Caption = u"&Header File: ";
+  Label3.Caption = u"&Footer File: ";
   Label4.Caption =
       u"The \"Use <BR> for every line\" option always puts a <BR> tag when it encounters a "
       u"carriage "
@@ -48,6 +48,10 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
   Command5.OnClick = [this] { Text1.Text = String(kDefault); };
   Command6.Caption = u"Use D&efault";
   Command6.OnClick = [this] { Text2.Text = String(kDefault); };
+  Command3.AccessibleName = u"Browse for the header file";
+  Command4.AccessibleName = u"Browse for the footer file";
+  Command5.AccessibleName = u"Use the default header";
+  Command6.AccessibleName = u"Use the default footer";
   Columns = 80;
 }
 

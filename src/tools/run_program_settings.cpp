@@ -27,8 +27,8 @@ RunProgramSettings::RunProgramSettings(WindowSystem& windows, Messages& messages
       u"be a filename! You can also optionally specify any other command-line arguments that the "
       u"program accepts.";
   Label1.WordWrap = true;
-  Label2.Caption = u"Program:";
-  Label3.Caption = u"Arguments:";
+  Label2.Caption = u"&Program:";
+  Label3.Caption = u"Ar&guments:";
   Command1.Caption = u"&Browse";
   Command1.OnClick = [this] { Browse(); };
   Wire(Command2, Command3);

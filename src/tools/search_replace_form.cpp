@@ -30,8 +30,8 @@ StringView CheckCodes(const String& search, const String& replacement) {
 SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
     : SettingsForm(windows, messages, {&Text1, &Text2}, {&Check1, &Check2, &Check3}) {
   Caption = u"Search and Replace";
-  Label1.Caption = u"Search for:";
-  Label2.Caption = u"Replace With:";
+  Label1.Caption = u"Search &for:";
+  Label2.Caption = u"&Replace With:";
   const auto wire = [](TextBox& box, bool& firstClick) {
     box.MultiLine = true;
     box.OnClick = [&box, &firstClick] {

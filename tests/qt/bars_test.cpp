@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QStatusBar>
@@ -67,34 +68,26 @@ class Bars : public FormTest {
   MainForm form{windows};
 };
 
-TEST_F(Bars, MenusFollowTheirItems) {
+TEST_F(Bars, MenusFollowTheirItemsAndRunTheirHandlers) {
   const auto actions = FileMenu()->actions();
   ASSERT_EQ(actions.size(), 4);
-  EXPECT_TRUE(actions[0]->text().endsWith("\tCtrl+S"));
   EXPECT_TRUE(actions[1]->isSeparator());
   form.Save.Caption = u"S&tore";
   form.Save.Enabled = false;
-  form.Wrap.Checked = true;
   form.Deep.Visible = false;
   EXPECT_EQ(actions[0]->text(), "S&tore\tCtrl+S");
   EXPECT_FALSE(actions[0]->isEnabled());
-  EXPECT_TRUE(actions[2]->isChecked());
   EXPECT_FALSE(actions[3]->isVisible());
-}
-
-TEST_F(Bars, AnEntryRunsItsHandlerAndKeepsTheMarkThatTheHandlerLeaves) {
-  int opened = 0, clicked = 0;
+  int opened = 0;
   form.File.OnOpen = [&] { ++opened; };
-  form.Wrap.OnClick = [&] { ++clicked; };
   Q_EMIT FileMenu()->aboutToShow();
-  QAction* wrap = FileMenu()->actions()[2];
-  wrap->trigger();
   EXPECT_EQ(opened, 1);
-  EXPECT_EQ(clicked, 1);
-  EXPECT_FALSE(wrap->isChecked()) << "the handler has not turned it";
-  form.Wrap.OnClick = [&] { form.Wrap.Checked = !form.Wrap.Checked; };
-  wrap->trigger();
-  EXPECT_TRUE(wrap->isChecked());
+  // The mark is the handler's.
+  for (const bool turns : {false, true}) {
+    form.Wrap.OnClick = [&] { form.Wrap.Checked = turns; };
+    actions[2]->trigger();
+    EXPECT_EQ(actions[2]->isChecked(), turns);
+  }
 }
 
 TEST_F(Bars, TheFormSeesEachKeyFirstAndMaySwallowIt) {
@@ -106,21 +99,35 @@ TEST_F(Bars, TheFormSeesEachKeyFirstAndMaySwallowIt) {
   form.Editor->OnKeyDown = [&](KeyEvent& key) {
     if (key.Key != 0) atEditor += static_cast<char16_t>(key.Key);
   };
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
+  const auto press = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  };
+  press(Qt::Key_Z, Qt::ControlModifier);
+  press(Qt::Key_A);
   form.Swallow = 'B';
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_B);
-  EXPECT_EQ(form.Keys, u"^ZAB");
-  EXPECT_EQ(atEditor, u"ZA");
-  EXPECT_EQ(form.Editor->Text(), u"a");
+  press(Qt::Key_B);
   // What a command does while events run may put another filter in front of the form's.
   QObject other;
-  form.Keys.clear();
   form.OnKey = [&] { qApp->installEventFilter(&other); };
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_C);
+  press(Qt::Key_C);
+  // A command that fails is told of, and the next key works.
+  form.OnKey = [] { throw std::runtime_error("failed"); };
+  QString told;
+  Meanwhile([&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    told = box->text();
+    box->accept();
+  });
+  press(Qt::Key_D);
+  EXPECT_EQ(told, "failed");
+  Window()->activateWindow();
+  windows.DoEvents();
   form.OnKey = nullptr;
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_C);
-  EXPECT_EQ(form.Keys, u"CC");
+  press(Qt::Key_E);
+  EXPECT_EQ(form.Keys, u"^ZABCDE");
+  EXPECT_EQ(atEditor, u"ZACDE");
+  EXPECT_EQ(form.Editor->Text(), u"acde");
   form.FindText.SetFocus();
   windows.DoEvents();
   EXPECT_EQ(form.ActiveControl.Get(), &form.FindText);
@@ -130,8 +137,7 @@ TEST_F(Bars, AHiddenPanelLeavesItsRoomToTheText) {
   Window()->resize(700, 500);
   auto* editor = dynamic_cast<QtRichTextBox&>(*form.Editor).Widget();
   const auto show = [&](bool visible) {
-    form.FindWhat.Visible = visible;
-    form.FindText.Visible = visible;
+    form.FindWhat.Visible = form.FindText.Visible = visible;
     windows.DoEvents();
     return editor->height();
   };
@@ -142,40 +148,68 @@ TEST_F(Bars, AHiddenPanelLeavesItsRoomToTheText) {
   EXPECT_EQ(show(true), with);
 }
 
-TEST_F(Bars, AMenuLeavesTheSelectionOfATextBox) {
-  Window()->activateWindow();
-  form.FindText.Text = u"needle";
-  form.FindText.SetFocus();
-  windows.DoEvents();
-  form.FindText.SelectAll();
+// Line ends are the program's in the box and those of other programs outside.
+TEST_F(Bars, KeysThatEditALine) {
+  const struct {
+    Qt::Key Key;
+    Qt::KeyboardModifiers Modifiers;
+    StringView After;
+    const char* Clipboard;
+  } cases[] = {
+      {Qt::Key_V, Qt::ControlModifier, u"am\r\nld", "m\nl"},
+      {Qt::Key_C, Qt::ControlModifier, u"ab\r\ncd", "b\nc"},
+      {Qt::Key_X, Qt::ControlModifier, u"ad", "b\nc"},
+      {Qt::Key_Delete, Qt::ShiftModifier, u"ad", "b\nc"},
+      {Qt::Key_Delete, {}, u"ad", "m\nl"},
+      {Qt::Key_Backspace, {}, u"ad", "m\nl"},
+  };
   auto* line = Find<QLineEdit>(form);
+  for (const bool locked : {false, true})
+    for (const auto& c : cases) {
+      QGuiApplication::clipboard()->setText("m\nl");
+      form.FindText.Text = u"ab\r\ncd";
+      form.FindText.SelStart = 1;
+      form.FindText.SelLength = 4;
+      form.FindText.Locked = locked;
+      QTest::keyClick(line, c.Key, c.Modifiers);
+      EXPECT_EQ(form.FindText.Text.Get(), locked ? StringView(u"ab\r\ncd") : c.After);
+      const bool stays = locked && c.Key != Qt::Key_C;
+      EXPECT_EQ(QGuiApplication::clipboard()->text(), stays ? "m\nl" : c.Clipboard) << c.Key;
+    }
+  // A menu that opens leaves the selection, so that its Cut has something to cut.
+  form.FindText.SelectAll();
   QFocusEvent out(QEvent::FocusOut, Qt::MenuBarFocusReason);
   QApplication::sendEvent(line, &out);
-  EXPECT_EQ(line->selectedText(), "needle");
-  EXPECT_EQ(form.FindText.SelText(), u"needle");
-}
-
-TEST_F(Bars, TextPastedIntoALineKeepsItsLines) {
-  QGuiApplication::clipboard()->setText("multi\nline");
-  auto* line = Find<QLineEdit>(form);
-  QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(form.FindText.Text.Get(), u"multi\r\nline");
+  EXPECT_EQ(line->selectedText().size(), 6);
 }
 
 TEST_F(Bars, ToolButtonsShowIconsAndTellTheirNames) {
   auto* tools = Find<QToolBar>(form);
   EXPECT_EQ(tools->toolButtonStyle(), Qt::ToolButtonIconOnly);
-  QAction* find = tools->actions().constFirst();
-  EXPECT_EQ(find->toolTip(), "Find Text");
+  const auto actions = tools->actions();
+  EXPECT_TRUE(actions[1]->isSeparator());
+  EXPECT_EQ(actions[0]->toolTip(), "Find Text");
   form.Find.ToolTipText = u"Searches";
-  EXPECT_EQ(find->toolTip(), "Searches");
-  EXPECT_TRUE(tools->actions().at(1)->isSeparator());
+  EXPECT_EQ(actions[0]->toolTip(), "Searches");
+  for (const auto& [tip, name] :
+       {std::pair(u"Undo (Ctrl+Z)", "Undo"), std::pair(u"(1) & more (F1)", "(1) && more"),
+        std::pair(u"(x)", "(x)")}) {
+    form.Undo.ToolTipText = tip;
+    EXPECT_EQ(actions[2]->text(), name);
+  }
   int clicked = 0;
   form.Find.OnClick = [&] { ++clicked; };
-  find->trigger();
+  actions[0]->trigger();
   form.Find.Enabled = false;
-  find->trigger();
+  actions[0]->trigger();
   EXPECT_EQ(clicked, 1);
+  // A bar that is hidden before its window is shown stays hidden.
+  form.Unload();
+  form.Tools.Visible = false;
+  form.Show();
+  EXPECT_FALSE(Find<QToolBar>(form)->isVisible());
+  form.Tools.Visible = true;
+  EXPECT_TRUE(Find<QToolBar>(form)->isVisible());
 }
 
 TEST_F(Bars, StatusPanelsOfferTheirChoicesAndStandStill) {
@@ -215,30 +249,18 @@ TEST_F(Bars, FilesDroppedOnTheTextReachTheForm) {
   EXPECT_EQ(form.Editor->Text(), u"");
 }
 
-TEST_F(Bars, TheEditorOutlivesItsWindow) {
-  form.Editor->SetText(u"kept");
-  form.Unload();
-  windows.DoEvents();
-  EXPECT_EQ(form.Editor->Text(), u"kept");
-  form.Show();
-  EXPECT_TRUE(Window()->findChild<QPlainTextEdit*>()->isVisible());
-}
-
-TEST_F(Bars, AMainWindowIsClosedByItsFrameAndNotByEscape) {
+TEST_F(Bars, TheWindowIsClosedByItsFrameAndNotByEscapeAndLeavesTheEditor) {
   QTest::keyClick(Window(), Qt::Key_Escape);
   EXPECT_EQ(form.Closed, 0);
   Window()->close();
   EXPECT_EQ(form.Closed, 1);
   EXPECT_TRUE(Window()->isVisible());
-}
-
-TEST_F(Bars, HiddenBarsStayHidden) {
+  form.Editor->SetText(u"kept");
   form.Unload();
-  form.Tools.Visible = false;
+  windows.DoEvents();
   form.Show();
-  EXPECT_FALSE(Find<QToolBar>(form)->isVisible());
-  form.Tools.Visible = true;
-  EXPECT_TRUE(Find<QToolBar>(form)->isVisible());
+  EXPECT_TRUE(Window()->findChild<QPlainTextEdit*>()->isVisible());
+  EXPECT_EQ(form.Editor->Text(), u"kept");
 }
 
 }  // namespace

@@ -287,15 +287,53 @@ TEST_F(QtBox, FontAndWrapFollowTheirProperties) {
 
 TEST_F(QtBox, LinesWrapAtWordsUnlessOneIsVeryLong) {
   const String nearly(kLongLine / 2, u'x');
-  const auto wrap = [&] { return Edit().wordWrapMode(); };
+  const int blink = QApplication::cursorFlashTime();
+  ASSERT_GT(blink, 0);
+  const auto isLong = [&] {
+    const bool anywhere = Edit().wordWrapMode() == QTextOption::WrapAnywhere;
+    EXPECT_EQ(QApplication::cursorFlashTime(), anywhere ? 0 : blink);
+    return anywhere;
+  };
   box.SetText(nearly + u"\r\n" + nearly);
-  EXPECT_EQ(wrap(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+  EXPECT_FALSE(isLong());
   box.SetSelStart(nearly.size());
   Press(Qt::Key_Delete);
   Press(Qt::Key_Y, {}, u"y"_qs);
-  EXPECT_EQ(wrap(), QTextOption::WrapAnywhere);
+  EXPECT_TRUE(isLong());
   box.SetText(nearly);
-  EXPECT_EQ(wrap(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+  EXPECT_FALSE(isLong());
   box.SetSelText(nearly + nearly);
-  EXPECT_EQ(wrap(), QTextOption::WrapAnywhere);
+  EXPECT_TRUE(isLong());
+  box.SetText(u"");
+  EXPECT_FALSE(isLong());
+}
+
+TEST_F(QtBox, ALineFromRightToLeftStandsAtTheRightEdge) {
+  Edit().resize(400, 300);
+  Edit().show();
+  String words;
+  for (int i = 0; i < 60; ++i) words += u"\u05D0\u05D1 ";
+  box.SetText(u"ab\r\n\u05D0\u05D1\r\n" + words);
+  const auto caretAt = [&](std::size_t position) {
+    box.SetSelStart(position);
+    return Edit().cursorRect().left();
+  };
+  for (const int margin : {0, 400000}) {
+    box.RightMargin = margin;
+    for (const int width : {400, 250}) {
+      Edit().resize(width, 300);
+      const int edge = Edit().viewport()->width() - 20;
+      EXPECT_LT(caretAt(0), 20);
+      EXPECT_GT(caretAt(4), edge) << "its first character";
+      EXPECT_GT(caretAt(6), edge - 40);
+      EXPECT_LT(caretAt(6), caretAt(4));
+      // A word typed there moves to the left of it.
+      const int before = caretAt(6);
+      Press(Qt::Key_unknown, {}, u"\u05D2"_qs);
+      EXPECT_LT(Edit().cursorRect().left(), before);
+      Press(Qt::Key_Backspace);
+    }
+  }
+  box.RightMargin = 0;
+  EXPECT_GT(caretAt(8), Edit().viewport()->width() - 20) << "wrapped, it ends there as well";
 }

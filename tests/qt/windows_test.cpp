@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 
 #include "form_fixture.h"
 #include "text/runtime_error.h"
@@ -56,6 +57,33 @@ TEST_F(Windows, AModalWindowAnswersToKeysButtonsAndFrame) {
     EXPECT_EQ(form.Answer, test.Answer) << test.What;
     EXPECT_FALSE(form.Visible) << test.What;
   }
+}
+
+TEST_F(Windows, ReturnInABoxOfManyLinesEndsALine) {
+  struct Lines : SmallDialog {
+    explicit Lines(WindowSystem& system) : SmallDialog(system) { Text1.MultiLine = true; }
+  };
+  Lines form(windows);
+  form.Show();
+  auto* box = Find<QPlainTextEdit>(form);
+  auto* ok = Named<QPushButton>(form, "&OK");
+  windows.WindowOf(form)->activateWindow();
+  windows.DoEvents();
+  box->setFocus();
+  EXPECT_FALSE(ok->isDefault()) << "no frame that promises what Return does not do";
+  QTest::keyClick(box, Qt::Key_Return);
+  EXPECT_EQ(form.Text1.Text.Get(), u"\r\n");
+  EXPECT_EQ(form.Answer, u"");
+  Named<QPushButton>(form, "C&ancel")->setFocus();
+  ok->setFocus();
+  EXPECT_TRUE(ok->isDefault());
+  form.Text1.Locked = true;
+  box->setFocus();
+  EXPECT_TRUE(ok->isDefault()) << "nothing is typed there";
+  form.Text1.Locked = false;
+  QTest::keyClick(box, Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(form.Answer, u"ok");
+  EXPECT_EQ(form.Text1.Text.Get(), u"\r\n");
 }
 
 TEST_F(Windows, AWindowKeepsItsValuesWhenHiddenAndLoadsAnewWhenUnloaded) {

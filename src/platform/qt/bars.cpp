@@ -21,11 +21,20 @@ QString WithoutMnemonic(const String& caption) {
   return text.remove(u'&').remove(QStringLiteral("..."));
 }
 
+// Without the key that stands in brackets at the end.
+QString WithoutKey(const String& tip) {
+  const QString text = ToQt(tip);
+  const auto bracket = text.endsWith(u')') ? text.lastIndexOf(QLatin1String(" (")) : -1;
+  return bracket > 0 ? text.first(bracket) : text;
+}
+
 QAction* MakeTool(CommandButton& button, QToolBar& bar, Bindings& bindings) {
   auto* action = new QAction(&bar);
   const auto name = [&button, action] {
-    const QString caption = WithoutMnemonic(button.Caption);
-    action->setText(caption);
+    const QString caption = button.Caption.Get().empty() ? WithoutKey(button.ToolTipText)
+                                                         : WithoutMnemonic(button.Caption);
+    // Nobody sees it, but it is the button's name. "&" would mark a letter.
+    action->setText(QString(caption).replace(u'&', QStringLiteral("&&")));
     action->setToolTip(button.ToolTipText.Get().empty() ? PlainToolTip(FromQt(caption))
                                                         : PlainToolTip(button.ToolTipText));
   };
@@ -84,6 +93,7 @@ class ChoiceButton : public QToolButton {
   void Show(const QString& text) {
     // "&" would mark a letter.
     setText(QString(text).replace(u'&', QStringLiteral("&&")) + QStringLiteral(" \u25BE"));
+    setAccessibleName(text);
   }
 
  protected:
@@ -123,6 +133,7 @@ QWidget* MakePanel(StatusPanel& panel, Bindings& bindings) {
 
 QWidget* MakeView(ToolBar& bar, Bindings& bindings) {
   auto* view = new QToolBar;
+  view->setAccessibleName(QStringLiteral("Tool bar"));
   view->setMovable(false);
   view->setFloatable(false);
   view->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -139,6 +150,7 @@ QWidget* MakeView(ToolBar& bar, Bindings& bindings) {
 
 QWidget* MakeView(StatusBar& bar, Bindings& bindings) {
   auto* view = new QStatusBar;
+  view->setAccessibleName(QStringLiteral("Status bar"));
   auto* message = new MessageLabel;
   view->addWidget(message, 1);
   bindings.Follow(bar.Message, [&bar, message] { message->Show(ToQt(bar.Message)); });

@@ -59,6 +59,10 @@ QWidget* MakeControlView(Control& control, Bindings& bindings) {
   bindings.Follow(control.Enabled, [&control, widget] { widget->setEnabled(control.Enabled); });
   bindings.Follow(control.ToolTipText,
                   [&control, widget] { widget->setToolTip(PlainToolTip(control.ToolTipText)); });
+  bindings.Follow(control.AccessibleName, [&control, widget] {
+    if (!control.AccessibleName.Get().empty())
+      widget->setAccessibleName(ToQt(control.AccessibleName));
+  });
   bindings.Watch(control.FocusRequested, [widget] { widget->setFocus(Qt::OtherFocusReason); });
   return widget;
 }

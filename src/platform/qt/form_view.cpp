@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -26,6 +27,12 @@ QString TitleOf(const Form& form) {
 
 // Whether a click on the button would reach it now.
 bool Works(const QWidget* button) { return button && button->isVisible() && button->isEnabled(); }
+
+// Whether Return ends a line there.
+bool TakesReturn(const QWidget* widget) {
+  const auto* lines = qobject_cast<const QPlainTextEdit*>(widget);
+  return lines && !lines->isReadOnly();
+}
 
 void Press(QWidget* button) { static_cast<QPushButton*>(button)->click(); }
 
@@ -57,6 +64,7 @@ FormView::~FormView() {
 void FormView::Build() {
   controls_ = BuildLayout(form_.Content(), *window_, *bindings_);
   if (auto* main = qobject_cast<QMainWindow*>(window_)) {
+    main->menuBar()->setAccessibleName(QStringLiteral("Menus"));
     BuildMenuBar(*main->menuBar(), form_.Menus(), *bindings_);
     AcceptFiles(form_, *main, *bindings_);
   }
@@ -79,6 +87,12 @@ void FormView::FindButtons() {
   for (const auto& [control, view] : controls_)
     if (auto* button = qobject_cast<QPushButton*>(view))
       button->setAutoDefault(default_ != nullptr);
+  if (default_ && !IsMain())
+    bindings_->On(qApp, &QApplication::focusChanged, [this](QWidget*, QWidget* now) {
+      // Where Return ends a line, no button may look as if it were pressed.
+      if (now && now->window() == window_)
+        static_cast<QPushButton*>(default_)->setDefault(!TakesReturn(now));
+    });
 }
 
 void FormView::SetTabOrder() {

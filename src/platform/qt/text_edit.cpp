@@ -8,6 +8,7 @@
 
 #include "platform/qt/clipboard_text.h"
 #include "platform/qt/key_codes.h"
+#include "platform/qt/text_layout.h"
 #include "text/runtime_error.h"
 
 namespace {
@@ -40,6 +41,9 @@ class TextEdit::Hold {
 };
 
 TextEdit::TextEdit() {
+  auto* const text = new QTextDocument(this);
+  text->setDocumentLayout(new TextLayout(text, [this] { return qreal(viewport()->width()); }));
+  setDocument(text);
   // The program has its own undo.
   setUndoRedoEnabled(false);
   setFrameShape(QFrame::NoFrame);
@@ -54,6 +58,14 @@ TextEdit::TextEdit() {
   };
   connect(this, &QPlainTextEdit::cursorPositionChanged, this, moved);
   connect(this, &QPlainTextEdit::selectionChanged, this, moved);
+}
+
+TextEdit::~TextEdit() { NoteLongLine(false); }
+
+void TextEdit::NoteLongLine(bool held) {
+  if (std::exchange(holdsLongLine_, held) == held) return;
+  setWordWrapMode(held ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QApplication::setCursorFlashTime(held ? 0 : flashTime_);
 }
 
 String TextEdit::Text() const { return conversion_.FromDocument(document()->toRawText()); }
@@ -84,8 +96,7 @@ void TextEdit::SetText(StringView text) {
     }
     if (raw) {
       // Before the text is laid out.
-      setWordWrapMode(HoldsLongLine(*raw) ? QTextOption::WrapAnywhere
-                                          : QTextOption::WrapAtWordBoundaryOrAnywhere);
+      NoteLongLine(HoldsLongLine(*raw));
       setPlainText(*raw);
     }
   }
@@ -100,7 +111,7 @@ void TextEdit::Insert(StringView text) {
   {
     Hold hold(*this);
     if (const auto raw = conversion_.ToDocument(text)) {
-      if (HoldsLongLine(*raw)) setWordWrapMode(QTextOption::WrapAnywhere);
+      if (HoldsLongLine(*raw)) NoteLongLine(true);
       QTextCursor cursor = textCursor();
       if (cursor.selectedText() == *raw)
         cursor.setPosition(cursor.selectionEnd());
@@ -176,8 +187,7 @@ void TextEdit::NoteChange(int position, int removed, int added) {
 void TextEdit::Report() {
   if (held_ > 0) return;
   const bool edited = std::exchange(edited_, false);
-  if (edited && document()->findBlock(changedAt_).length() > kLongLine)
-    setWordWrapMode(QTextOption::WrapAnywhere);
+  if (edited && document()->findBlock(changedAt_).length() > kLongLine) NoteLongLine(true);
   const Selection selection = CurrentSelection();
   if (selection != reported_) {
     reported_ = selection;

@@ -2,6 +2,7 @@
 // The widget of the edit control: a plain text editor that keeps every character as it came, also
 // from the keyboard, the clipboard and a drop.
 
+#include <QApplication>
 #include <QPlainTextEdit>
 #include <functional>
 
@@ -9,12 +10,14 @@
 #include "platform/window/key_event.h"
 
 // Wrapping at words takes a time that grows with the square of a line without blanks: 15 s for
-// 1 MB. From this length on (UTF-16 units) lines wrap anywhere, which is linear.
+// 1 MB. From this length on (UTF-16 units) lines wrap anywhere, which is linear. The caret stands
+// still then, since each blink would draw the whole line.
 inline constexpr int kLongLine = 20000;
 
 class TextEdit : public QPlainTextEdit {
  public:
   TextEdit();
+  ~TextEdit() override;
 
   String Text() const;
   // Between two positions of the text that do not part a line end.
@@ -75,6 +78,7 @@ class TextEdit : public QPlainTextEdit {
 
   void NoteChange(int position, int removed, int added);
   void Report();
+  void NoteLongLine(bool held);
   void InsertWithOtherStandIns(StringView text);
   // A text that can't be taken gives a beep.
   void InsertByUser(StringView text);
@@ -85,6 +89,8 @@ class TextEdit : public QPlainTextEdit {
   Selection reported_;
   int changedAt_ = 0;
   int held_ = 0;
+  const int flashTime_ = QApplication::cursorFlashTime();
+  bool holdsLongLine_ = false;
   bool edited_ = false;
   bool composing_ = false;
 };

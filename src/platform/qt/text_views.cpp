@@ -91,11 +91,18 @@ class LineEdit : public QLineEdit {
     QLineEdit::focusOutEvent(&kept);
   }
   void keyPressEvent(QKeyEvent* event) override {
-    // Line ends as the program has them, so that a search over lines finds what was pasted.
-    if (event->matches(QKeySequence::Paste) && !isReadOnly())
-      insert(ToQt(FromClipboard(QGuiApplication::clipboard()->text())));
-    else
+    // Line ends as the program has them, so that a search over lines finds what was pasted; and as
+    // other programs have them on the way back.
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    const bool cuts = event->matches(QKeySequence::Cut) && !isReadOnly();
+    if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
+      insert(ToQt(FromClipboard(clipboard.text())));
+    } else if (hasSelectedText() && (cuts || event->matches(QKeySequence::Copy))) {
+      clipboard.setText(ToClipboard(FromQt(selectedText())));
+      if (cuts) del();
+    } else {
       QLineEdit::keyPressEvent(event);
+    }
   }
 
  private:
@@ -178,7 +185,11 @@ QWidget* MakeLines(TextBox& box, Bindings& bindings) {
     view->setPlainText(ToQt(box.Text));
   });
   bindings.On(view, &QPlainTextEdit::textChanged, [&box, view] { box.Text = TextOf(view); });
-  bindings.Follow(box.Locked, [&box, view] { view->setReadOnly(box.Locked); });
+  bindings.Follow(box.Locked, [&box, view] {
+    view->setTextInteractionFlags(box.Locked
+                                      ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                      : Qt::TextEditorInteraction);
+  });
   BindSelection(
       box, bindings, view,
       {&QPlainTextEdit::selectionChanged, &QPlainTextEdit::cursorPositionChanged},

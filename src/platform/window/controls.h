@@ -25,6 +25,8 @@ class Control {
   Property<bool> Visible{true};
   Property<bool> Enabled{true};
   Property<String> ToolTipText;
+  // What a screen reader calls the control; empty where its caption or label says enough.
+  Property<String> AccessibleName;
   Signal FocusRequested;
 };
 
