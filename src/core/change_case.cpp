@@ -1,20 +1,17 @@
 #include "core/change_case.h"
 
+#include <algorithm>
+
 #include "core/command_line.h"
-#include "core/key_commands.h"
-#include "core/unattended_run.h"
+#include "core/kept_place.h"
 #include "editor/help_topics.h"
 #include "editor/plain_undo.h"
 #include "platform/system/files.h"
 #include "state/data_files.h"
-#include "text/runtime_error.h"
 #include "text/scoped_value.h"
-#include "tools/character_repair.h"
 
 namespace {
 
-constexpr StringView kNoToolsOnEncryptedText =
-    u"This text has been encrypted and no tools may be run on it until after it is decrypted.";
 // Wide enough that no line is ever wrapped.
 constexpr int kNoWrap = 400000;
 constexpr int kTypingPauseMilliseconds = 1000;
@@ -34,39 +31,61 @@ String MenuName(StringView name) {
   return caption;
 }
 
-}  // namespace
-
-ChangeCase::ChangeCase(WindowSystem& windows, const String& appFolder, const String& workFolder,
-                       const String& commandLine)
-    : Form(windows),
-      richTextBox1_(windows.CreateRichTextBox()),
-      richTextBox2_(windows.CreateRichTextBox()),
-      commonDialog1_(windows.CreateCommonDialog()),
-      RichTextBox1(*richTextBox1_),
-      RichTextBox2(*richTextBox2_),
-      CommonDialog1(*commonDialog1_),
-      Messages(windows),
-      Tools(windows, Messages),
-      CustomTools(windows),
-      Document(Fields, RichTextBox1, CommonDialog1, Messages, Caption, *this),
-      Status(Fields, RichTextBox1, Document),
-      Edit(windows, RichTextBox1, ActiveControl, Messages),
-      Find(RichTextBox1, Messages),
-      UndoEdit(windows, Fields) {
-  SetDataPaths(Fields, appFolder, workFolder);
-  Fields.CommandLine = commandLine;
-  Columns = 140;
-  Lines = 36;
-  WireEditor();
-  WireMenus();
-  WireEditMenu();
-  WireToolBar();
-  GuardCommands();
+String WithKey(StringView hint, const Key& key) {
+  const String name = NameOf(key);
+  return name.empty() ? String(hint) : String(hint) + u" (" + name + u")";
 }
 
-ChangeCase::~ChangeCase() { Unload(); }
+}  // namespace
+
+ChangeCase::ChangeCase(Session& session)
+    : Form(session.Windows),
+      session_(session),
+      Fields(session.Fields),
+      RichTextBox1(session.RichTextBox1),
+      RichTextBox2(session.RichTextBox2),
+      CommonDialog1(session.CommonDialog1),
+      Messages(session.Messages),
+      Tools(session.Tools),
+      CustomTools(session.CustomTools),
+      Document(session.Document),
+      Status(Fields, RichTextBox1, Document),
+      Edit(session.Windows, RichTextBox1, ActiveControl, Messages),
+      Find(RichTextBox1, Messages),
+      UndoEdit(session.Windows, Fields) {
+  Columns = 140;
+  Lines = 36;
+  WireSession();
+  WireEditor();
+  WireCommands();
+  WireTools();
+}
+
+ChangeCase::~ChangeCase() {
+  Unload();
+  session_.OnStartAnew = nullptr;
+  session_.OnDocumentChanged = nullptr;
+  session_.OnTell = nullptr;
+}
 
 Layout ChangeCase::Content() { return Column({Picture1, RichTextBox1, Find.Layout(), Status.Bar}); }
+
+void ChangeCase::WireSession() {
+  session_.OnStartAnew = [this] {
+    UndoEdit.Reset();
+    Find.StartAnew();
+  };
+  session_.OnDocumentChanged = [this] {
+    Caption = Document.Title();
+    Status.ShowFormat();
+  };
+  session_.OnTell = [this](StringView message) { Tell(message); };
+  const struct {
+    int Number;
+    String Text;
+  } pages[] = {{kHelpKeys, KeysHelpPage()}, {kHelpCommandLine, CommandLineHelpPage()}};
+  for (const auto& page : pages) Messages.HelpWindow.AddPage(page.Number, page.Text);
+}
 
 void ChangeCase::WireEditor() {
   RichTextBox1.OnChange = [this] {
@@ -87,135 +106,74 @@ void ChangeCase::WireEditor() {
     UndoEdit.KeyDown(key);
     if (key.Handled && Fields.UndoBroken) TellUndoBroken();
   };
-  RichTextBox1.OnPaste = [this] { Document.CheckSetLock(); };
   RichTextBox1.OnMouseDown = [this] { UndoEdit.MouseDown(); };
   RichTextBox1.ContextMenu = &Menu.EditMenu;
   UndoEdit.StateChanged = [this] { ShowUndoState(); };
   Edit.CheckSetLock = [this] { Document.CheckSetLock(); };
-}
-
-void ChangeCase::WireMenus() {
-  Menu.NewMenu.OnClick = [this] { Document.New(); };
-  Menu.OpenMenu.OnClick = [this] { Document.BOpenFile(); };
-  Menu.SaveMenu.OnClick = [this] { Document.BSaveFile(); };
-  Menu.SaveAsMenu.OnClick = [this] { Document.SaveAs(); };
-  Menu.ExitMenu.OnClick = [this] { Exit(); };
-  Menu.HorizWordWrapMenu.OnClick = [this] { ToggleWordWrap(); };
-  // What was typed before a tool is a step of its own.
-  Menu.CustToolsMenu.OnOpen = [this] { UndoEdit.EndStep(); };
-  Menu.ToolsMenu.OnOpen = [this] {
-    UndoEdit.EndStep();
-    if (RichTextBox1.Locked) RefuseOnEncryptedText();
-  };
-  for (const MainMenu::ToolEntry& entry : Menu.ToolEntries)
-    entry.Item->OnClick = [this, tool = entry.Tool] { RunTool(*tool); };
-  for (int number = 1; number <= kMostCustomTools; ++number)
-    CustMenu(number).OnClick = [this, number] { RunCustomToolAsOneStep(number); };
-  Menu.ContentsMenu.OnClick = [this] {
-    Messages.HelpWindow.Choose(kHelpContents);
-    Messages.HelpWindow.Show();
-  };
-}
-
-void ChangeCase::WireEditMenu() {
-  Menu.UndoEditMenu.OnClick = [this] { UndoLast(); };
-  Menu.RedoEditMenu.OnClick = [this] { UndoEdit.Redo(1); };
-  Menu.CutMenu.OnClick = [this] {
-    UndoEdit.EndStep();
-    Edit.Cut();
-  };
-  Menu.CopyMenu.OnClick = [this] { Edit.Copy(); };
-  Menu.CopyAllMenu.OnClick = [this] { Edit.CopyAll(); };
-  Menu.PasteMenu.OnClick = [this] { Edit.Paste(); };
-  Menu.DeleteMenu.OnClick = [this] { Edit.Delete(); };
-  Menu.SelectAllMenu.OnClick = [this] { Edit.SelectAll(); };
-  Menu.FindMenu.OnClick = [this] { Find.Open(); };
-  Menu.FindNextMenu.OnClick = [this] { Find.FindNext(); };
   // What was typed just now can be undone as well.
   Menu.EditMenu.OnOpen = [this] { UndoEdit.EndStep(); };
 }
 
-void ChangeCase::WireToolBar() {
-  struct ToolButton {
-    CommandButton& Button;
-    StringView Icon;
-    StringView Tip;
-    void (*Press)(ChangeCase&);
-  };
-  const ToolButton buttons[] = {
-      {Command1, u"open", u"Open (Ctrl+O)", [](ChangeCase& app) { app.Document.BOpenFile(); }},
-      {Command2, u"new", u"New (Ctrl+N)", [](ChangeCase& app) { app.Document.New(); }},
-      {Command3, u"save", u"Save (Ctrl+S)", [](ChangeCase& app) { app.Document.BSaveFile(); }},
-      {Command9, u"copy-all", u"Copy All (F11)", [](ChangeCase& app) { app.Edit.CopyAll(); }},
-      {Command8, u"paste", u"Paste (Ctrl+V)", [](ChangeCase& app) { app.Edit.Paste(); }},
-      {Command7, u"undo", u"Undo (Ctrl+Z)",
-       [](ChangeCase& app) {
-         app.RichTextBox1.SetFocus();
-         if (app.Fields.UndoBroken)
-           PlainUndo(app.Fields, app.RichTextBox1, app.Messages, app.Windows());
-         else
-           app.UndoLast();
-       }},
-      {Command5, u"custom-tool-1", u"Custom Tool 1 (F1)",
-       [](ChangeCase& app) { app.RunFromToolBar([&app] { app.RunCustomToolAsOneStep(1); }); }},
-      {Command6, u"custom-tool-2", u"Custom Tool 2 (F2)",
-       [](ChangeCase& app) { app.RunFromToolBar([&app] { app.RunCustomToolAsOneStep(2); }); }},
-      {Command11, u"email", u"Email Cleanup - Standard",
-       [](ChangeCase& app) {
-         app.RunFromToolBar([&app] { app.RunAsOneStep(EmailCleanupFromMenu); });
-       }},
-      {Command12, u"email-poem", u"Email Cleanup - Poem or List",
-       [](ChangeCase& app) {
-         app.RunFromToolBar([&app] { app.RunAsOneStep(EmailCleanupPoemFromMenu); });
-       }},
-  };
-  for (const ToolButton& tool : buttons) {
-    tool.Button.Icon = String(tool.Icon);
-    tool.Button.ToolTipText = String(tool.Tip);
-    tool.Button.OnClick = [this, press = tool.Press] { press(*this); };
-    Picture1.Buttons.push_back(&tool.Button);
+void ChangeCase::WireCommands() {
+  std::vector<std::pair<int, CommandButton*>> buttons;
+  for (const Command& command : Commands()) {
+    if (MenuItem* item = Menu.ItemOf(command); item && command.Run)
+      item->OnClick = [this, &command] { Do(command.Run, command); };
+    if (command.Button == nullptr) continue;
+    CommandButton& button = this->*command.Button;
+    button.Icon = String(command.Icon);
+    button.ToolTipText = WithKey(command.Hint, command.Keys);
+    button.OnClick = [this, &command] {
+      Do(command.ByButton ? command.ByButton : command.Run, command);
+    };
+    buttons.emplace_back(command.BarPlace, &button);
   }
+  std::sort(buttons.begin(), buttons.end());
+  for (const auto& [place, button] : buttons) Picture1.Buttons.push_back(button);
+}
+
+void ChangeCase::WireTools() {
+  // What was typed before a tool is a step of its own.
+  Menu.CustToolsMenu.OnOpen = [this] { UndoEdit.EndStep(); };
+  Menu.ToolsMenu.OnOpen = [this] {
+    UndoEdit.EndStep();
+    RefusedOnLockedText(OnLockedText::RefuseTool);
+  };
+  for (const MainMenu::ToolEntry& entry : Menu.ToolEntries) {
+    entry.Item->OnClick = [this, tool = entry.Tool] {
+      if (RefusedWhileToolRuns() || RefusedOnLockedText(OnLockedText::RefuseTool)) return;
+      RunTool(*tool);
+    };
+  }
+}
+
+void ChangeCase::Do(void (*run)(ChangeCase&), const Command& command) {
+  if (!command.WhileRunning && RefusedWhileToolRuns()) return;
+  if (!RefusedOnLockedText(command.Locked)) run(*this);
 }
 
 // While a tool lets events run, the editor may hold the selection alone, or a text that is half
 // done: nothing may save it, replace it or work on it.
-void ChangeCase::GuardCommands() {
-  const auto guard = [this](std::function<void()>& command) {
-    if (!command) return;
-    command = [this, run = std::move(command)] {
-      if (!RefusedWhileToolRuns()) run();
-    };
-  };
-  std::vector<MenuItem*> items = Menu.Menus();
-  while (!items.empty()) {
-    MenuItem& item = *items.back();
-    items.pop_back();
-    guard(item.OnClick);
-    items.insert(items.end(), item.Items.begin(), item.Items.end());
-  }
-  for (CommandButton* button : Picture1.Buttons) guard(button->OnClick);
-}
-
 bool ChangeCase::RefusedWhileToolRuns() {
   if (toolRuns_) Tell(u"A tool is still running.");
   return toolRuns_;
 }
 
+bool ChangeCase::RefusedOnLockedText(OnLockedText locked) {
+  if (locked == OnLockedText::Run || !RichTextBox1.Locked) return false;
+  Messages.Notice(RefusalOnLockedText(locked));
+  return true;
+}
+
 void ChangeCase::Load() {
-  DeleteTemporaryFiles(Fields);
   RichTextBox1.SetText(u"");
   RichTextBox2.SetText(u"");
-  CommonDialog1.FileName.clear();
   Menu.HorizWordWrapMenu.Checked = true;
   RichTextBox1.RightMargin = 0;
   RichTextBox2.RightMargin = 0;
-  Caption = String(kUntitled);
   ShowCustomTools();
-  ApplyOptions();
   Fields.FileSaved = Fields.TextChanged = false;
-  Fields.SaveToLocation.clear();
-  Fields.AddPrefix.clear();
-  DocumentChanged();
+  session_.OnDocumentChanged();
   Status.ShowCaret();
   RichTextBox1.SetFocus();
   if (!IsBlank(Fields.CommandLine)) OpenCommandLine();
@@ -224,30 +182,30 @@ void ChangeCase::Load() {
 }
 
 void ChangeCase::ShowCustomTools() {
-  CustomToolList list = ReadCustomToolNames(Fields.CustomToolFile);
-  CustomToolNames = std::move(list.Names);
-  Fields.CustomToolCount = list.Count;
-  for (MenuItem& item : Menu.CustMenus) item.Visible = false;
-  for (const auto& [number, name] : CustomToolNames) {
-    CustMenu(number).Caption = MenuName(name);
-    CustMenu(number).Visible = true;
+  const auto& names = session_.CustomToolNames;
+  for (const Command& command : Commands()) {
+    if (command.CustomTool == 0) continue;
+    const auto tool = names.find(command.CustomTool);
+    const bool there = tool != names.end();
+    MenuItem& item = *Menu.ItemOf(command);
+    item.Visible = there;
+    if (there) item.Caption = MenuName(tool->second);
+    if (command.Button == nullptr) continue;
+    CommandButton& button = this->*command.Button;
+    button.Enabled = there;
+    button.ToolTipText = WithKey(there ? tool->second : String(command.Hint), command.Keys);
   }
-  const auto describe = [this](CommandButton& button, int number, StringView key) {
-    const auto tool = CustomToolNames.find(number);
-    button.Enabled = tool != CustomToolNames.end();
-    if (button.Enabled) button.ToolTipText = tool->second + String(key);
-  };
-  describe(Command5, 1, u" (F1)");
-  describe(Command6, 2, u" (F2)");
   Menu.hyphen7.Visible = Menu.CustMenus.front().Visible;
   Menu.CustToolsMenu.Visible = Fields.CustomToolCount > 0;
 }
 
 void ChangeCase::OpenCommandLine() {
-  if (const auto status = RunUnattended(*this)) return Windows().Quit(*status);
-  Fields.ViewHtmlOnStart = HasSwitch(Fields.CommandLine, u"/VIEWHTML");
   if (const String file = FileArgument(Fields.CommandLine); !file.empty()) OpenNamed(file);
-  if (HasSwitch(Fields.CommandLine, u"/EOF")) RichTextBox1.SetSelStart(RichTextBox1.TextLength());
+  if (HasSwitch(Fields.CommandLine, Word::Eof)) RichTextBox1.SetSelStart(RichTextBox1.TextLength());
+  if (session_.NotOpened.empty()) return;
+  String message = u"One document at a time. Not opened:";
+  for (const String& file : session_.NotOpened) message += u" " + file;
+  Tell(message);
 }
 
 void ChangeCase::OpenNamed(const String& file) {
@@ -257,40 +215,9 @@ void ChangeCase::OpenNamed(const String& file) {
     Document.OpenNamed(path);
   } catch (const RuntimeError& error) {
     if (error.Code != kFileNotFound) Tell(FromUtf8(error.what()));
-    if (!HasSwitch(Fields.CommandLine, u"/NOSPLASH")) Document.NewNamed(path);
+    if (!HasSwitch(Fields.CommandLine, Word::NoSplash)) Document.NewNamed(path);
   }
 }
-
-void ChangeCase::ApplyOptions() {
-  Options options;
-  try {
-    options = ReadOptions(Fields.OptionsFile);
-    if (!IsBlank(options.StartupFolder)) {
-      const String here = CurrentFolder();
-      SetCurrentFolder(options.StartupFolder);
-      SetCurrentFolder(here);
-      CommonDialog1.InitDir = Tools.HTML.CommonDialog1.InitDir = options.StartupFolder;
-    }
-    for (const String& file : {options.DefaultHeaderFile, options.DefaultFooterFile}) {
-      if (!IsBlank(file)) TestReadable(file);
-    }
-  } catch (const std::exception&) {
-    options = {};
-  }
-  Use(options);
-}
-
-void ChangeCase::Use(const Options& options) {
-  RichTextBox1.Font = options.ViewFont;
-  RichTextBox2.Font = options.PrintFont;
-  Fields.DefaultHeaderFile = options.DefaultHeaderFile;
-  Fields.DefaultFooterFile = options.DefaultFooterFile;
-  Fields.ViewFontName = options.ViewFont.Name;
-  Fields.ViewFontSize = static_cast<int>(options.ViewFont.Size);
-  Fields.ViewFontBold = options.ViewFont.Bold;
-}
-
-void ChangeCase::DocumentChanged() { Status.ShowFormat(); }
 
 void ChangeCase::ToggleWordWrap() {
   Property<bool>& wrap = Menu.HorizWordWrapMenu.Checked;
@@ -299,41 +226,38 @@ void ChangeCase::ToggleWordWrap() {
   if (wrap) RichTextBox2.RightMargin = 0;
 }
 
-void ChangeCase::RefuseOnEncryptedText() { Messages.Notice(kNoToolsOnEncryptedText); }
-
-void ChangeCase::RunTool(const Tool& tool) {
-  if (RichTextBox1.Locked) return RefuseOnEncryptedText();
-  RunAsOneStep(tool.Click ? tool.Click : tool.Run);
+void ChangeCase::ShowHelp() {
+  Messages.HelpWindow.Choose(kHelpContents);
+  Messages.HelpWindow.Show();
 }
 
-bool ChangeCase::RunCustomTool(int number) {
-  if (!CustomToolNames.contains(number)) return true;
-  ToolContext context = Context();
-  return CustomTools.Run(context, number);
-}
+void ChangeCase::RunTool(const Tool& tool) { RunAsOneStep(tool.Click ? tool.Click : tool.Run); }
 
 void ChangeCase::RunAsOneStep(const std::function<void(ToolContext&)>& run) {
   const ScopedValue running(toolRuns_, true);
   ToolContext context = Context();
   UndoStop();
+  const KeptPlace place(RichTextBox1);
+  const auto end = [&] {
+    place.Restore();
+    UndoStart();
+  };
   try {
     run(context);
   } catch (...) {
-    UndoStart();
+    end();
     throw;
   }
-  UndoStart();
+  end();
 }
 
 void ChangeCase::RunCustomToolAsOneStep(int number) {
-  if (RichTextBox1.Locked) return RefuseOnEncryptedText();
   if (IsBlank(*RichTextBox1.SharedText())) return;
   RunAsOneStep([this, number](ToolContext&) { RunCustomTool(number); });
   Document.CheckSetLock();
 }
 
 void ChangeCase::RunFromToolBar(const std::function<void()>& run) {
-  if (RichTextBox1.Locked) return RefuseOnEncryptedText();
   RichTextBox1.SetFocus();
   UndoEdit.EndStep();
   if (Fields.ToolBusy) return;
@@ -353,16 +277,17 @@ void ChangeCase::UndoStart() {
   Fields.ToolUndoPending = false;
 }
 
-void ChangeCase::UndoCancel() { Fields.ToolUndoPending = false; }
-
-void ChangeCase::StartAnew() {
-  UndoEdit.Reset();
-  Find.StartAnew();
-}
-
 void ChangeCase::UndoLast() {
   UndoEdit.Undo(1);
   if (Fields.UndoBroken) TellUndoBroken();
+}
+
+void ChangeCase::UndoFromToolBar() {
+  RichTextBox1.SetFocus();
+  if (Fields.UndoBroken)
+    PlainUndo(Fields, RichTextBox1, Messages, Windows());
+  else
+    UndoLast();
 }
 
 void ChangeCase::TellUndoBroken() {
@@ -407,9 +332,3 @@ void ChangeCase::Exit() {
   DeleteTemporaryFiles(Fields);
   Windows().Quit(0);
 }
-
-MenuItem& ChangeCase::CustMenu(int number) {
-  return Menu.CustMenus.at(static_cast<std::size_t>(number) - 1);
-}
-
-ToolContext ChangeCase::Context() { return {Fields, RichTextBox1, Messages, Windows(), Tools}; }

@@ -1,26 +1,17 @@
 #pragma once
-// The main window and application object: it owns the document, the shared fields and the windows,
-// and wires menus, buttons and status bar to what they do.
-
-#include <functional>
-#include <map>
-#include <memory>
+// The main window: it shows a session, and makes menus, keys, tool bar and status bar do what the
+// table of commands says.
 
 #include "core/main_menu.h"
+#include "core/session.h"
 #include "core/status_line.h"
-#include "custom/custom_tool_runner.h"
 #include "editor/cls_undo.h"
-#include "editor/document.h"
 #include "editor/edit_commands.h"
 #include "editor/find_panel.h"
-#include "state/options.h"
-#include "tools/tool_context.h"
 
-class ChangeCase : public Form, private DocumentHost {
+class ChangeCase : public Form {
  public:
-  // The data folder is `appFolder`, temporary files go to `workFolder`.
-  ChangeCase(WindowSystem& windows, const String& appFolder, const String& workFolder,
-             const String& commandLine);
+  explicit ChangeCase(Session& session);
   ~ChangeCase() override;
 
   Layout Content() override;
@@ -35,31 +26,33 @@ class ChangeCase : public Form, private DocumentHost {
   // Wraps a tool's run, so that its whole change is one step of undo.
   void UndoStop();
   void UndoStart();
-  void UndoCancel();
 
-  // Runs a custom tool by its number, 1 to kMostCustomTools; one that is not there does nothing.
-  // Whether it came to its end.
-  bool RunCustomTool(int number);
-  ToolContext Context();
+  // What commands do.
+  void UndoLast();
+  void UndoFromToolBar();
+  void ToggleWordWrap();
+  void ShowHelp();
+  void RunTool(const Tool& tool);
+  void RunCustomToolAsOneStep(int number);
+  void RunFromToolBar(const std::function<void()>& run);
 
-  SharedFields Fields;
+  bool RunCustomTool(int number) { return session_.RunCustomTool(number); }
+  ToolContext Context() { return session_.Context(); }
 
  private:
-  std::unique_ptr<RichTextBox> richTextBox1_;
-  std::unique_ptr<RichTextBox> richTextBox2_;
-  std::unique_ptr<CommonDialog> commonDialog1_;
+  Session& session_;
 
  public:
-  // The editor, and a hidden control that carries the printing font.
+  // Of the session.
+  SharedFields& Fields;
   ::RichTextBox& RichTextBox1;
   ::RichTextBox& RichTextBox2;
   CommonDialog& CommonDialog1;
-  ::Messages Messages;
-  ToolState Tools;
-  CustomToolRunner CustomTools;
-  // By number, in proper case.
-  std::map<int, String> CustomToolNames;
-  ::Document Document;
+  ::Messages& Messages;
+  ToolState& Tools;
+  CustomToolRunner& CustomTools;
+  ::Document& Document;
+
   MainMenu Menu;
   ToolBar Picture1;
   CommandButton Command1;   // open
@@ -81,30 +74,20 @@ class ChangeCase : public Form, private DocumentHost {
   void Load() override;
 
  private:
-  void ApplyOptions() override;
-  void StartAnew() override;
-  void Tell(StringView message) override { Status.Bar.Message = String(message); }
-  void DocumentChanged() override;
-
+  void WireSession();
   void WireEditor();
-  void WireMenus();
-  void WireEditMenu();
-  void WireToolBar();
-  void GuardCommands();
+  void WireCommands();
+  void WireTools();
+  void RunAsOneStep(const std::function<void(ToolContext&)>& run);
+  // Runs a handler unless the state of the program forbids it, and says why.
+  void Do(void (*run)(ChangeCase&), const Command& command);
   bool RefusedWhileToolRuns();
-  void Use(const Options& options);
-  void ToggleWordWrap();
-  void UndoLast();
+  bool RefusedOnLockedText(OnLockedText locked);
+  void Tell(StringView message) { Status.Bar.Message = String(message); }
   void TellUndoBroken();
   void ShowUndoState();
   void HideUndo();
-  void RunTool(const Tool& tool);
-  void RunAsOneStep(const std::function<void(ToolContext&)>& run);
-  void RunCustomToolAsOneStep(int number);
-  void RunFromToolBar(const std::function<void()>& run);
-  void RefuseOnEncryptedText();
   void ShowCustomTools();
-  MenuItem& CustMenu(int number);
   void OpenCommandLine();
   void OpenNamed(const String& file);
 

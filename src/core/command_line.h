@@ -1,26 +1,43 @@
 #pragma once
 // The command line: one string with a file name in front and switches behind.
 
+#include <functional>
 #include <optional>
-#include <span>
 #include <vector>
 
-#include "text/text.h"
+#include "core/command_words.h"
+#include "text/runtime_error.h"
 
-// The arguments joined by blanks. A path that holds what looks like a switch in the middle, such as
-// a folder "eof", is put into double quotes.
-String JoinArguments(std::span<const String> arguments);
+// A command line that can't be carried out; `Title` is that of its message, empty for the usual.
+struct RefusedCommandLine : RuntimeError {
+  RefusedCommandLine(StringView title, StringView text)
+      : RuntimeError(kInvalidCall, ToUtf8(text)), Title(title) {}
+  String Title;
+};
 
-// Where a switch begins, such as u"/EOF" in any case, outside double quotes.
-std::optional<std::size_t> FindSwitch(StringView commandLine, StringView name);
-bool HasSwitch(StringView commandLine, StringView name);
+struct JoinedLine {
+  String Text;
+  // Files named behind the first one, which is the only one that is opened.
+  std::vector<String> NotOpened;
+};
 
-// What stands behind a switch such as u"/AUTO:", up to the next switch, trimmed, without the double
-// quotes round it. Empty where the switch is missing.
-String SwitchValue(StringView commandLine, StringView name);
+// The arguments as one line, joined by blanks. `exists` tells whether a file or a folder has this
+// name; such a name reaches that file whatever it holds, and so does one that begins or ends in a
+// blank. RefusedCommandLine where the line can't tell the name from what stands behind it.
+JoinedLine JoinArguments(std::vector<String> arguments,
+                         const std::function<bool(const String&)>& exists);
 
-// The first word of that; a word in double quotes may hold blanks.
-String SwitchWord(StringView commandLine, StringView name);
+// Where a switch begins, in any case, outside double quotes.
+std::optional<std::size_t> FindSwitch(StringView commandLine, Word name);
+bool HasSwitch(StringView commandLine, Word name);
+
+// The value of a switch as its row has it, trimmed, without the double quotes round it. Empty where
+// the switch is missing. One word in double quotes may hold blanks.
+String SwitchValue(StringView commandLine, Word name);
 
 // The text in front of the first switch, trimmed, without the double quotes round it.
 String FileArgument(StringView commandLine);
+
+Job JobOf(StringView commandLine);
+// RefusedCommandLine when switches stand together that can't, or one without another.
+void TestCombinations(StringView commandLine);

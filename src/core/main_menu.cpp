@@ -1,39 +1,29 @@
 #include "core/main_menu.h"
 
 MainMenu::MainMenu() {
-  const struct {
-    MenuItem& Item;
-    StringView Keys;
-  } shortcuts[] = {
-      {NewMenu, u"Ctrl+N"},      {OpenMenu, u"Ctrl+O"},      {SaveMenu, u"Ctrl+S"},
-      {UndoEditMenu, u"Ctrl+Z"}, {RedoEditMenu, u"Ctrl+Y"},  {CutMenu, u"Ctrl+X"},
-      {CopyMenu, u"Ctrl+C"},     {CopyAllMenu, u"F11"},      {PasteMenu, u"Ctrl+V"},
-      {DeleteMenu, u"Del"},      {SelectAllMenu, u"Ctrl+A"}, {FindMenu, u"Ctrl+F"},
-      {FindNextMenu, u"Ctrl+T"}, {HorizWordWrapMenu, u"F9"}, {ContentsMenu, u"F12"},
-  };
-  for (const auto& [item, keys] : shortcuts) item.Shortcut = String(keys);
-  HorizWordWrapMenu.Checkable = true;
-  hyphen9.Separator = true;
-
-  FileMenu.Items = {&NewMenu, &OpenMenu, &SaveMenu, &SaveAsMenu, Separator(), &ExitMenu};
-  EditMenu.Items = {&UndoEditMenu,  &RedoEditMenu, &hyphen9,   &CutMenu,
-                    &CopyMenu,      &CopyAllMenu,  &PasteMenu, &DeleteMenu,
-                    &SelectAllMenu, Separator(),   &FindMenu,  &FindNextMenu};
-  ViewMenu.Items = {&HorizWordWrapMenu};
-  BuildToolsMenu();
-  for (std::size_t i = 0; i < CustMenus.size(); ++i) {
-    CustMenus[i].Visible = false;
-    CustMenus[i].Shortcut = u"F" + Str(static_cast<long long>(i) + 1);
-    CustToolsMenu.Items.push_back(&CustMenus[i]);
+  for (const Command& command : Commands()) {
+    if (command.Menu == nullptr) continue;
+    MenuItem* named = ItemOf(command);
+    MenuItem& item = named ? *named : MakeLine();
+    item.Caption = String(command.Caption);
+    item.Shortcut = NameOf(command.Keys);
+    item.Separator = command.Run == nullptr;
+    (this->*command.Menu).Items.push_back(&item);
   }
-  hyphen7.Separator = true;
+  HorizWordWrapMenu.Checkable = true;
+  BuildToolsMenu();
+  for (MenuItem& item : CustMenus) item.Visible = false;
   hyphen7.Visible = false;
-  CustToolsMenu.Items.push_back(&hyphen7);
-  HelpMenu.Items = {&ContentsMenu};
 }
 
 std::vector<MenuItem*> MainMenu::Menus() {
   return {&FileMenu, &EditMenu, &ViewMenu, &ToolsMenu, &CustToolsMenu, &HelpMenu};
+}
+
+MenuItem* MainMenu::ItemOf(const Command& command) {
+  if (command.CustomTool > 0)
+    return &CustMenus.at(static_cast<std::size_t>(command.CustomTool) - 1);
+  return command.Item ? &(this->*command.Item) : nullptr;
 }
 
 MenuItem* MainMenu::ToolMenu(StringView storedName) {
@@ -43,11 +33,7 @@ MenuItem* MainMenu::ToolMenu(StringView storedName) {
   return nullptr;
 }
 
-MenuItem* MainMenu::Separator() {
-  auto& item = separators_.emplace_back(std::make_unique<MenuItem>());
-  item->Separator = true;
-  return item.get();
-}
+MenuItem& MainMenu::MakeLine() { return *lines_.emplace_back(std::make_unique<MenuItem>()); }
 
 void MainMenu::BuildToolsMenu() {
   for (const ToolMenuGroup& group : ToolMenuGroups()) {

@@ -1,12 +1,13 @@
 #pragma once
-// The menu bar of the main window, as plain data. The main window sets the handlers.
+// The menu bar of the main window, as plain data, made from the table of commands and the
+// catalogue of tools. The main window sets the handlers.
 
 #include <array>
 #include <memory>
 #include <vector>
 
+#include "core/commands.h"
 #include "custom/custom_tool_names.h"
-#include "platform/window/bars.h"
 #include "tools/catalogue.h"
 
 struct MainMenu {
@@ -14,31 +15,33 @@ struct MainMenu {
 
   // The menus in order.
   std::vector<MenuItem*> Menus();
+  // The entry of a command; null for a command without one.
+  MenuItem* ItemOf(const Command& command);
   // The entry of a tool; null for a tool without one.
   MenuItem* ToolMenu(StringView storedName);
 
   MenuItem FileMenu{u"&File"};
-  MenuItem NewMenu{u"&New"};
-  MenuItem OpenMenu{u"&Open..."};
-  MenuItem SaveMenu{u"&Save"};
-  MenuItem SaveAsMenu{u"Save &As..."};
-  MenuItem ExitMenu{u"E&xit"};
+  MenuItem NewMenu;
+  MenuItem OpenMenu;
+  MenuItem SaveMenu;
+  MenuItem SaveAsMenu;
+  MenuItem ExitMenu;
 
   MenuItem EditMenu{u"&Edit"};
-  MenuItem UndoEditMenu{u"&Undo Edit"};
-  MenuItem RedoEditMenu{u"&Redo Edit"};
+  MenuItem UndoEditMenu;
+  MenuItem RedoEditMenu;
   MenuItem hyphen9;
-  MenuItem CutMenu{u"Cu&t"};
-  MenuItem CopyMenu{u"&Copy"};
-  MenuItem CopyAllMenu{u"C&opy All"};
-  MenuItem PasteMenu{u"&Paste"};
-  MenuItem DeleteMenu{u"De&lete"};
-  MenuItem SelectAllMenu{u"Select &All"};
-  MenuItem FindMenu{u"&Find"};
-  MenuItem FindNextMenu{u"Find &Next"};
+  MenuItem CutMenu;
+  MenuItem CopyMenu;
+  MenuItem CopyAllMenu;
+  MenuItem PasteMenu;
+  MenuItem DeleteMenu;
+  MenuItem SelectAllMenu;
+  MenuItem FindMenu;
+  MenuItem FindNextMenu;
 
   MenuItem ViewMenu{u"&View"};
-  MenuItem HorizWordWrapMenu{u"&Word Wrap"};
+  MenuItem HorizWordWrapMenu;
 
   MenuItem ToolsMenu{u"&Tools"};
   MenuItem CustToolsMenu{u"&Custom Tools"};
@@ -47,7 +50,7 @@ struct MainMenu {
   MenuItem hyphen7;
 
   MenuItem HelpMenu{u"&Help"};
-  MenuItem ContentsMenu{u"&Contents"};
+  MenuItem ContentsMenu;
 
   struct ToolEntry {
     const ::Tool* Tool;
@@ -57,9 +60,9 @@ struct MainMenu {
   std::vector<ToolEntry> ToolEntries;
 
  private:
-  MenuItem* Separator();
+  MenuItem& MakeLine();
   void BuildToolsMenu();
 
-  std::vector<std::unique_ptr<MenuItem>> separators_;
+  std::vector<std::unique_ptr<MenuItem>> lines_;
   std::vector<std::unique_ptr<MenuItem>> submenus_;
 };

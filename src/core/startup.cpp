@@ -1,10 +1,9 @@
 #include "core/startup.h"
 
 #include "core/change_case.h"
-#include "core/command_line.h"
 #include "core/splash.h"
+#include "core/unattended_run.h"
 #include "platform/system/safe_save.h"
-#include "platform/system/work_folder.h"
 #include "state/data_files.h"
 
 namespace {
@@ -13,12 +12,13 @@ constexpr int kSplashMilliseconds = 300;
 
 }  // namespace
 
-int Main(WindowSystem& windows, const String& commandLine) {
+int RunInWindow(WindowSystem& windows, const JoinedLine& line) {
   const String appFolder = FindAppFolder();
-  const WorkFolder workFolder(appFolder);
   SetSpareFolder(appFolder);
-  ChangeCase app(windows, appFolder, workFolder.Path(), commandLine);
-  if (HasSwitch(commandLine, u"/NOSPLASH") || !windows.Attended()) {
+  Session session(windows, appFolder, line.Text);
+  session.NotOpened = line.NotOpened;
+  ChangeCase app(session);
+  if (HasSwitch(line.Text, Word::NoSplash)) {
     app.Show();
   } else {
     frmSplash splash(windows);
@@ -28,4 +28,11 @@ int Main(WindowSystem& windows, const String& commandLine) {
     splash.Unload();
   }
   return windows.Run();
+}
+
+int RunWithoutWindow(WindowSystem& windows, const JoinedLine& line) {
+  const String appFolder = FindAppFolder();
+  SetSpareFolder(appFolder);
+  Session session(windows, appFolder, line.Text);
+  return RunUnattended(session);
 }

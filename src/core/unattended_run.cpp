@@ -2,44 +2,40 @@
 
 #include <iostream>
 
-#include "core/change_case.h"
-#include "core/command_line.h"
 #include "custom/custom_tool_record.h"
 #include "custom/streamed_run.h"
 #include "platform/system/files.h"
 #include "state/data_files.h"
 #include "text/runtime_error.h"
-#include "tools/character_repair.h"
+#include "tools/catalogue.h"
 
 namespace {
 
 constexpr StringView kError = u"Error";
-constexpr StringView kProduct = u"WordFlurn 2.0";
 // Characters of a name in a message.
 constexpr std::size_t kShown = 200;
 
 // The cleaned text is left on the clipboard. The exit status.
-int CleanClipboard(ChangeCase& app, void (*clean)(ToolContext&)) {
-  app.Caption = String(kProduct);
-  app.Fields.TextChanged = app.Fields.FileSaved = app.Fields.HasFileName = false;
-  ToolContext context = app.Context();
+int CleanClipboard(Session& session) {
+  ::Clipboard& clipboard = session.Windows.Clipboard();
   // Whatever else is on the clipboard stays there.
-  if (!context.Windows.Clipboard().HasText()) return 0;
-  app.Edit.PasteText();
-  if (app.RichTextBox1.Locked)
+  if (!clipboard.HasText()) return 0;
+  session.RichTextBox1.SetText(clipboard.GetText());
+  session.Document.CheckSetLock();
+  if (session.RichTextBox1.Locked)
     throw RuntimeError(kEncryptedFile, "The text on the clipboard is encrypted");
-  context.Windows.DoEvents();
-  clean(context);
-  context.Windows.DoEvents();
-  app.Edit.SelectAll();
-  app.Edit.CopyText();
-  context.Windows.DoEvents();
+  ToolContext context = session.Context();
+  const bool standard = HasSwitch(session.Fields.CommandLine, Word::EmailStd);
+  FindTool(standard ? kEmailStandard : kEmailPoem)->Click(context);
+  if (session.Messages.NoticeCount() > 0) return 1;
+  clipboard.SetText(session.RichTextBox1.Text());
+  session.Windows.DoEvents();
   return 0;
 }
 
 // 0 when no tool has this name.
-int FindCustomTool(const ChangeCase& app, StringView name) {
-  for (const auto& [number, stored] : app.CustomToolNames) {
+int FindCustomTool(const Session& session, StringView name) {
+  for (const auto& [number, stored] : session.CustomToolNames) {
     if (UCase(Trim(stored)) == UCase(name)) return number;
   }
   return 0;
@@ -62,81 +58,71 @@ String TargetOf(const String& file, const SharedFields& fields, bool asHtml) {
 }
 
 // False where the tool has to run on the editor.
-bool TryStreamed(ChangeCase& app, int number, const String& file, const String& target) {
+bool TryStreamed(Session& session, int number, const String& file, const String& target) {
   CustomTool tool;
   try {
-    ReadRecord(ReadDataFile(app.Fields.CustomToolFile), number, tool);
+    ReadRecord(ReadDataFile(session.Fields.CustomToolFile), number, tool);
   } catch (const RuntimeError&) {
     return false;
   }
-  ToolContext context = app.Context();
+  ToolContext context = session.Context();
   const bool done = RunStreamed(context, tool, file, target);
-  DeleteTemporaryFiles(app.Fields);
+  DeleteTemporaryFiles(session.Fields);
   return done;
 }
 
-int RunOnFile(ChangeCase& app, std::size_t autoPlace) {
-  SharedFields& fields = app.Fields;
+int RunOnFile(Session& session) {
+  SharedFields& fields = session.Fields;
   const StringView line = fields.CommandLine;
   const String named = FileArgument(line);
-  if (autoPlace < 2 || named.empty()) {
-    throw RefusedCommandLine{String(kError), u"Invalid Command Line - you must put filename first"};
-  }
-  fields.NoHtmlHeaderFooter = HasSwitch(line, u"/NOHTMLHEADERFOOTER");
-  fields.AddPrefix = SwitchWord(line, u"/ADDPREFIX:");
-  fields.SaveToLocation = SwitchValue(line, u"/SAVETOLOCATION:");
-  const String name = SwitchValue(line, u"/AUTO:");
+  if (*FindSwitch(line, Word::Auto) < 2 || named.empty())
+    throw RefusedCommandLine(kError, u"Invalid Command Line - you must put filename first");
+  fields.NoHtmlHeaderFooter = HasSwitch(line, Word::NoHtmlHeaderFooter);
+  fields.AddPrefix = SwitchValue(line, Word::AddPrefix);
+  fields.SaveToLocation = SwitchValue(line, Word::SaveToLocation);
+  const String name = SwitchValue(line, Word::Auto);
   const String file = AbsolutePath(named);
-  const String target = TargetOf(file, fields, HasSwitch(line, u"/SAVEASHTMLFILE"));
+  const String target = TargetOf(file, fields, HasSwitch(line, Word::SaveAsHtmlFile));
   const bool isReadOnly = IsReadOnly(file);
   if (isReadOnly && target == file)
     throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": the file is read-only");
-  const int number = FindCustomTool(app, name);
-  if (number != 0 && TryStreamed(app, number, file, target)) return 0;
-  app.Document.OpenNamed(file);
-  if (app.RichTextBox1.Locked) {
+  const int number = FindCustomTool(session, name);
+  if (number != 0 && TryStreamed(session, number, file, target)) return 0;
+  session.Document.OpenNamed(file);
+  if (session.RichTextBox1.Locked) {
     // Opening an encrypted file makes it writable.
     if (isReadOnly) SetReadOnly(file, true);
     throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
   }
   const std::string shownName = '"' + ToUtf8(name.substr(0, kShown)) + '"';
-  const int notices = app.Messages.NoticeCount();
+  const int notices = session.Messages.NoticeCount();
   bool done = false;
   if (number == 0) {
     std::cerr << "wordflurn: there is no custom tool named " << shownName << '\n';
   } else {
-    done = app.RunCustomTool(number) && app.Messages.NoticeCount() == notices;
+    done = session.RunCustomTool(number) && session.Messages.NoticeCount() == notices;
     if (!done)
       std::cerr << "wordflurn: " << ToUtf8(file) << ": not every step of " << shownName
                 << " could be done\n";
   }
-  app.RichTextBox1.SaveFile(target, fields.DocumentFormat);
+  session.RichTextBox1.SaveFile(target, fields.DocumentFormat);
   fields.FileSaved = true;
   DeleteTemporaryFiles(fields);
   return done ? 0 : 1;
 }
 
-}  // namespace
-
-bool WantsNoWindow(StringView commandLine) {
-  if (HasSwitch(commandLine, u"/EMAILSTD") || HasSwitch(commandLine, u"/EMAILPOEM")) return false;
-  return HasSwitch(commandLine, u"/AUTO:") || HasSwitch(commandLine, u"/MFF");
+// Multiple File Flurn.
+int RunBatch(Session&) {
+  throw RefusedCommandLine(kError,
+                           u"This version of WordFlurn cannot run a Multiple File Flurn yet.");
 }
 
-std::optional<int> RunUnattended(ChangeCase& app) {
-  const StringView line = app.Fields.CommandLine;
-  if (HasSwitch(line, u"/EMAILSTD")) return CleanClipboard(app, EmailCleanupFromMenu);
-  if (HasSwitch(line, u"/EMAILPOEM")) return CleanClipboard(app, EmailCleanupPoemFromMenu);
-  if (HasSwitch(line, u"/MFF")) {
-    throw RefusedCommandLine{String(kError),
-                             u"This version of WordFlurn cannot run a Multiple File Flurn yet."};
-  }
-  const auto autoPlace = FindSwitch(line, u"/AUTO:");
-  if (!autoPlace) return std::nullopt;
-  try {
-    return RunOnFile(app, *autoPlace);
-  } catch (...) {
-    DeleteTemporaryFiles(app.Fields);
-    throw;
-  }
+}  // namespace
+
+int RunUnattended(Session& session) {
+  const StringView line = session.Fields.CommandLine;
+  const Job job = JobOf(line);
+  if (job == Job::Clipboard) return CleanClipboard(session);
+  TestCombinations(line);
+  return job == Job::Batch ? RunBatch(session) : RunOnFile(session);
 }

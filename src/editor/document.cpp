@@ -70,40 +70,9 @@ void NoteLineEnds(StringView text, TextFormat& format) {
 
 }  // namespace
 
-// Puts the document's file name back unless the change to another one is kept.
-class Document::KeptName {
- public:
-  explicit KeptName(Document& document)
-      : document_(document),
-        fileName_(document.dialog_.FileName),
-        fileTitle_(document.dialog_.FileTitle),
-        hasFileName_(document.fields_.HasFileName) {}
-  KeptName(const KeptName&) = delete;
-  KeptName& operator=(const KeptName&) = delete;
-  ~KeptName() {
-    if (changed_) return;
-    document_.dialog_.FileName = std::move(fileName_);
-    document_.dialog_.FileTitle = std::move(fileTitle_);
-    document_.fields_.HasFileName = hasFileName_;
-  }
-  void KeepChange() { changed_ = true; }
-
- private:
-  Document& document_;
-  String fileName_;
-  String fileTitle_;
-  bool hasFileName_;
-  bool changed_ = false;
-};
-
 Document::Document(SharedFields& fields, RichTextBox& editor, CommonDialog& dialog,
-                   Messages& messages, Property<String>& title, DocumentHost& host)
-    : fields_(fields),
-      editor_(editor),
-      dialog_(dialog),
-      messages_(messages),
-      title_(title),
-      host_(host) {}
+                   Messages& messages, DocumentHost& host)
+    : fields_(fields), editor_(editor), dialog_(dialog), messages_(messages), host_(host) {}
 
 void Document::TextHasChanged() {
   fields_.TextChanged = true;
@@ -121,9 +90,19 @@ bool Document::MayLeave(StringView question) {
 }
 
 String Document::FileToRelock() const {
-  if (!IsEncryptedTitle(title_.Get()) || fields_.ReadOnlyFile) return {};
+  if (!encrypted_ || fields_.ReadOnlyFile) return {};
   const bool leftAlone = fields_.HasFileName && !fields_.TextChanged;
-  return fields_.FileSaved || leftAlone ? dialog_.FileName : String();
+  return fields_.FileSaved || leftAlone ? file_.Path : String();
+}
+
+String Document::Title() const {
+  if (!failedName_.empty()) return TitleOf(TitleState::Plain, failedName_);
+  if (!fields_.HasFileName) return String(kUntitled);
+  if (file_.IsNew) return NewFileTitle(file_.Path);
+  return TitleOf(encrypted_             ? TitleState::Encrypted
+                 : fields_.ReadOnlyFile ? TitleState::ReadOnly
+                                        : TitleState::Plain,
+                 file_.ShownName);
 }
 
 void Document::New() {
@@ -136,10 +115,9 @@ void Document::New() {
   fields_.ReadOnlyFile = false;
   fields_.HasFileName = false;
   fields_.DocumentFormat = {};
-  editor_.Locked = false;
-  title_ = String(kUntitled);
-  dialog_.FileName.clear();
-  dialog_.FileTitle.clear();
+  editor_.Locked = encrypted_ = false;
+  file_ = {};
+  failedName_.clear();
   host_.StartAnew();
   host_.DocumentChanged();
 }
@@ -147,170 +125,135 @@ void Document::New() {
 void Document::BOpenFile() {
   if (!MayLeave(kBeforeOpen)) return;
   const String relock = FileToRelock();
-  KeptName name(*this);
   dialog_.DialogTitle = u"Open";
   dialog_.Flags = CommonDialog::kHideReadOnly;
   dialog_.Filter = kFilter;
+  dialog_.FileName = file_.Path;
   try {
     dialog_.ShowOpen();
-    OpenChosen(relock);
-    name.KeepChange();
-  } catch (const RuntimeError& error) {
-    TellOpenFailed(error);
+  } catch (const RuntimeError&) {
+    return;
   }
+  OpenOrTell({dialog_.FileName, dialog_.FileTitle}, relock);
 }
 
 void Document::OpenDropped(const String& path) {
-  if (!MayLeave(kBeforeOpen)) return;
-  const String relock = FileToRelock();
-  KeptName name(*this);
+  if (MayLeave(kBeforeOpen)) OpenOrTell({path, String(FileNameOf(path))}, FileToRelock());
+}
+
+void Document::OpenOrTell(File file, const String& relock) {
   try {
-    dialog_.FileName = path;
-    dialog_.FileTitle = FileNameOf(path);
-    OpenChosen(relock);
-    name.KeepChange();
+    Open(std::move(file), relock);
   } catch (const RuntimeError& error) {
-    TellOpenFailed(error);
+    host_.Tell(FromUtf8(error.what()));
+    if (error.Code == kOutOfMemory) messages_.Notice(kTooLarge);
   }
 }
 
-// The title of a file that could not be opened stays; its name does not, since the text in the
-// editor still belongs to the file it came from.
-void Document::TellOpenFailed(const RuntimeError& error) {
-  if (error.Code == kDialogCancelled) return;
-  host_.Tell(FromUtf8(error.what()));
-  if (error.Code == kOutOfMemory) messages_.Notice(kTooLarge);
-}
-
-void Document::OpenChosen(const String& relock) {
-  SetTitle(TitleState::Plain, dialog_.FileTitle);
+void Document::Open(File file, const String& relock) {
+  failedName_ = file.ShownName;
+  host_.DocumentChanged();
   host_.ApplyOptions();
   // Before the file is read, which may be the same one.
   if (!relock.empty()) SetReadOnlyQuietly(relock, true);
   try {
-    Load();
+    Load(std::move(file));
   } catch (const RuntimeError&) {
     if (!relock.empty()) SetReadOnlyQuietly(relock, false);
     throw;
   }
-  ShowFileState(dialog_.FileTitle);
   host_.StartAnew();
 }
 
 void Document::OpenNamed(const String& path) {
   TestReadable(path);
-  const String oldTitle = title_;
-  KeptName name(*this);
-  SetTitle(TitleState::Plain, path);
-  dialog_.FileName = path;
-  try {
-    Load();
-  } catch (const RuntimeError&) {
-    title_ = oldTitle;
-    throw;
-  }
-  name.KeepChange();
-  ShowFileState(path);
+  Load({path, path});
 }
 
 void Document::NewNamed(const String& path) {
-  title_ = String(kProduct) + u" - NEW FILE in " + path;
+  file_ = {.Path = path, .ShownName = path, .IsNew = true};
   fields_.HasFileName = true;
   fields_.TextChanged = fields_.FileSaved = false;
   fields_.ReadOnlyFile = FileExists(path) || FolderExists(path);
-  dialog_.FileName = path;
-}
-
-void Document::Load() {
-  try {
-    fields_.DocumentFormat = editor_.LoadFile(dialog_.FileName);
-  } catch (const std::bad_alloc&) {
-    throw RuntimeError(kOutOfMemory, ToUtf8(dialog_.FileName) + ": out of memory");
-  }
-  fields_.TextChanged = fields_.FileSaved = false;
-  fields_.HasFileName = true;
-  fields_.ReadOnlyFile = false;
   host_.DocumentChanged();
 }
 
-void Document::ShowFileState(StringView name) {
-  if (IsReadOnlyOnDisk(dialog_.FileName)) {
-    SetTitle(TitleState::ReadOnly, name);
-    fields_.ReadOnlyFile = true;
+void Document::Load(File file) {
+  try {
+    fields_.DocumentFormat = editor_.LoadFile(file.Path);
+  } catch (const std::bad_alloc&) {
+    throw RuntimeError(kOutOfMemory, ToUtf8(file.Path) + ": out of memory");
   }
-  editor_.Locked = HoldsEncryptionMarker(*editor_.SharedText());
-  if (!editor_.Locked) return;
-  if (fields_.ReadOnlyFile) {
+  file_ = std::move(file);
+  failedName_.clear();
+  fields_.TextChanged = fields_.FileSaved = false;
+  fields_.HasFileName = true;
+  fields_.ReadOnlyFile = IsReadOnlyOnDisk(file_.Path);
+  editor_.Locked = encrypted_ = HoldsEncryptionMarker(*editor_.SharedText());
+  if (encrypted_ && fields_.ReadOnlyFile) {
     fields_.ReadOnlyFile = false;
-    SetReadOnlyQuietly(dialog_.FileName, false);
+    SetReadOnlyQuietly(file_.Path, false);
   }
-  SetTitle(TitleState::Encrypted, name);
+  host_.DocumentChanged();
 }
 
-void Document::SetTitle(TitleState state, StringView name) { title_ = TitleOf(state, name); }
-
-StringView Document::ShownName() const {
-  return IsBlank(dialog_.FileTitle) ? dialog_.FileName : dialog_.FileTitle;
-}
-
-void Document::SaveAs() {
-  fields_.SaveAsRequested = true;
-  BSaveFile();
-  fields_.SaveAsRequested = false;
-}
-
-void Document::BSaveFile() {
-  fields_.FileSaved = false;
-  bool askForName = !fields_.HasFileName || fields_.SaveAsRequested;
-  if (!fields_.SaveAsRequested && fields_.ReadOnlyFile) {
-    if (messages_.Ask(kSaveReadOnly) != Answer::Yes) return;
+std::optional<Document::File> Document::FileToSaveTo(bool asNew) {
+  bool askForName = !fields_.HasFileName || asNew;
+  if (!asNew && fields_.ReadOnlyFile) {
+    if (messages_.Ask(kSaveReadOnly) != Answer::Yes) return std::nullopt;
     askForName = true;
   }
-  KeptName name(*this);
-  if (askForName) {
-    dialog_.DialogTitle = u"Save As";
-    dialog_.Flags = CommonDialog::kHideReadOnly | CommonDialog::kOverwritePrompt;
-    dialog_.Filter = kFilter;
-    try {
-      dialog_.ShowSave();
-    } catch (const RuntimeError&) {
-      return;
-    }
-    if (!dialog_.FileName.empty()) fields_.HasFileName = true;
-  }
+  if (!askForName) return File{file_.Path, file_.ShownName};
+  dialog_.DialogTitle = u"Save As";
+  dialog_.Flags = CommonDialog::kHideReadOnly | CommonDialog::kOverwritePrompt;
+  dialog_.Filter = kFilter;
+  dialog_.FileName = file_.Path;
   try {
-    Save();
-    name.KeepChange();
+    dialog_.ShowSave();
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+  return File{dialog_.FileName, IsBlank(dialog_.FileTitle) ? dialog_.FileName : dialog_.FileTitle};
+}
+
+void Document::BSaveFile(bool asNew) {
+  std::optional<File> file = FileToSaveTo(asNew);
+  if (!file) return;
+  fields_.FileSaved = false;
+  try {
+    Save(std::move(*file));
   } catch (const std::exception& error) {
     host_.Tell(FromUtf8(error.what()));
     messages_.Notice(kSaveFailed);
   }
 }
 
-void Document::Save() {
+void Document::Save(File file) {
   const std::shared_ptr<const String> text = editor_.SharedText();
   TextFormat format = FormatThatHolds(*text, fields_.DocumentFormat);
   if (format.BareCrs.empty()) NoteLineEnds(*text, format);
-  editor_.SaveFile(dialog_.FileName, format);
+  editor_.SaveFile(file.Path, format);
   if (format.Encoding != fields_.DocumentFormat.Encoding) {
     host_.Tell(u"Saved as " + EncodingName(format) + u": " + EncodingName(fields_.DocumentFormat) +
                u" cannot hold every character of the text.");
   }
+  file_ = std::move(file);
+  failedName_.clear();
   fields_.DocumentFormat = std::move(format);
+  fields_.HasFileName = true;
   fields_.FileSaved = true;
   fields_.ReadOnlyFile = false;
-  editor_.Locked = HoldsEncryptionMarker(*text);
-  SetTitle(editor_.Locked ? TitleState::Encrypted : TitleState::Plain, ShownName());
+  editor_.Locked = encrypted_ = HoldsEncryptionMarker(*text);
   host_.DocumentChanged();
 }
 
 void Document::CheckSetLock() {
   if (!HoldsEncryptionMarker(*editor_.SharedText())) return;
   editor_.Locked = true;
+  // A read-only file is shown as that; it can't be saved, so it need not become read-only again.
+  encrypted_ = !fields_.ReadOnlyFile;
   host_.StartAnew();
-  for (const String& name : {dialog_.FileTitle, dialog_.FileName}) {
-    if (title_ == TitleOf(TitleState::Plain, name)) SetTitle(TitleState::Encrypted, name);
-  }
+  host_.DocumentChanged();
 }
 
 bool Document::MayExit() {

@@ -1,6 +1,8 @@
 #pragma once
 // The one document: New, Open, Save, Save As and leaving it, with their prompts and titles.
 
+#include <optional>
+
 #include "editor/messages.h"
 #include "editor/titles.h"
 #include "platform/window/common_dialog.h"
@@ -25,7 +27,12 @@ class DocumentHost {
 class Document {
  public:
   Document(SharedFields& fields, RichTextBox& editor, CommonDialog& dialog, Messages& messages,
-           Property<String>& title, DocumentHost& host);
+           DocumentHost& host);
+
+  // The file that the text belongs to; empty for none.
+  const String& Path() const { return file_.Path; }
+  // What the title bar shows.
+  String Title() const;
 
   void New();
   // Asks for a file and opens it.
@@ -38,8 +45,8 @@ class Document {
   // A new document that the first Save writes to this path. Where something stands there that could
   // not be opened, Save asks for another name first.
   void NewNamed(const String& path);
-  void BSaveFile();
-  void SaveAs();
+  void BSaveFile() { BSaveFile(false); }
+  void SaveAs() { BSaveFile(true); }
   // Asks about unsaved changes. False: the user goes on with this document.
   bool MayExit();
 
@@ -53,26 +60,34 @@ class Document {
   void ChooseLineEnds(LineEnds lineEnds);
 
  private:
-  class KeptName;
+  struct File {
+    String Path;
+    // In the title: the short name where a dialog gave it, else the path.
+    String ShownName;
+    // Named on the command line and not written yet.
+    bool IsNew = false;
+  };
 
   bool MayLeave(StringView question);
   // The encrypted file that goes back to read-only when the document is left; empty for none.
   String FileToRelock() const;
-  void OpenChosen(const String& relock);
-  void TellOpenFailed(const RuntimeError& error);
-  void Load();
-  void ShowFileState(StringView name);
-  void ShowSavedState(StringView text);
-  void SetTitle(TitleState state, StringView name);
-  // The short name of the file where a dialog gave it, else its path.
-  StringView ShownName() const;
-  void Save();
+  void Open(File file, const String& relock);
+  void OpenOrTell(File file, const String& relock);
+  void Load(File file);
+  // Empty where the user cancels or a read-only file is to stay what it is.
+  std::optional<File> FileToSaveTo(bool asNew);
+  void BSaveFile(bool asNew);
+  void Save(File file);
   void FormatHasChanged();
 
   SharedFields& fields_;
   RichTextBox& editor_;
   CommonDialog& dialog_;
   Messages& messages_;
-  Property<String>& title_;
   DocumentHost& host_;
+
+  File file_;
+  bool encrypted_ = false;
+  // The file that could not be opened last: the title shows it until the next one.
+  String failedName_;
 };

@@ -7,6 +7,8 @@
 
 // Topics that the program opens by itself.
 inline constexpr int kHelpContents = 1002;
+inline constexpr int kHelpKeys = 1004;
+inline constexpr int kHelpCommandLine = 1005;
 inline constexpr int kHelpRunProgram = 1011;
 inline constexpr int kHelpHtml = 1028;
 inline constexpr int kHelpSearchReplace = 1030;

@@ -23,7 +23,6 @@ String TitleOf(TitleState state, StringView name) {
   return title;
 }
 
-bool IsEncryptedTitle(StringView title) {
-  // A file's own name may hold the word, so only the place behind the product counts.
-  return title.starts_with(TitleOf(TitleState::Encrypted, u""));
+String NewFileTitle(StringView path) {
+  return String(kProduct) + u" - NEW FILE in " + String(path);
 }

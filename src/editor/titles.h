@@ -1,14 +1,13 @@
 #pragma once
 // The title bar's texts.
 
-#include "text/text.h"
+#include "state/product.h"
 
-inline constexpr StringView kProduct = u"WordFlurn 2.0";
-inline constexpr StringView kUntitled = u"Untitled - WordFlurn 2.0";
+inline constexpr StringView kUntitled = u"Untitled - " WORDFLURN_PRODUCT;
 
 enum class TitleState { Plain, ReadOnly, Encrypted };
 
 // "WordFlurn 2.0 - name", with "(read-only)" or "(encrypted)" in front of the dash.
 String TitleOf(TitleState state, StringView name);
-// Whether a title is that of an encrypted document.
-bool IsEncryptedTitle(StringView title);
+// The same for a file that a save has yet to make.
+String NewFileTitle(StringView path);

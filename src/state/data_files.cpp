@@ -23,8 +23,6 @@ constexpr std::array kTemporary{
 constexpr std::array kLasting{
     DataFile{&SharedFields::OptionsFile, u"FLURNOPT.DAT"},
     DataFile{&SharedFields::CustomToolFile, u"FLURNCUS.DAT"},
-    DataFile{&SharedFields::PrintSetFile, u"WFPRINTSET.DAT"},
-    DataFile{&SharedFields::HelpFile, u"WORDFLURN.HLP"},
 };
 
 bool IsInstalledBinFolder(StringView folder) {

@@ -17,8 +17,6 @@ struct SharedFields {
   String HtmlTempFile;
   String OptionsFile;
   String CustomToolFile;
-  String PrintSetFile;
-  String HelpFile;
 
   String CommandLine;
 
@@ -26,7 +24,6 @@ struct SharedFields {
   bool TextChanged = false;  // since the last open or new
   bool FileSaved = false;    // since the last change
   bool HasFileName = false;
-  bool SaveAsRequested = false;
   bool ReadOnlyFile = false;
   TextFormat DocumentFormat;  // how the next save writes it
 
@@ -53,14 +50,10 @@ struct SharedFields {
   // Options.
   String DefaultHeaderFile;
   String DefaultFooterFile;
-  String ViewFontName;
-  int ViewFontSize = 0;  // points
-  bool ViewFontBold = false;
 
   int CustomToolCount = 0;  // number of the last custom tool in the file, 0 to 8
 
   // Command line.
-  bool ViewHtmlOnStart = false;
   String SaveToLocation;
   String AddPrefix;
   String UseAllFolder;

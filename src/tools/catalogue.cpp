@@ -47,10 +47,8 @@ constexpr Tool kTools[] = {
     {HtmlConversion, u"Convert to &HTML", kToHtml, ConvertToHTML, LoadHTMLOptionForm},
     {HtmlConversion, u"Convert from HTML", kFromHtml, ConvertFROMHTML},
     {TopOfTools, u"Search and Replace", kSearchAndReplace, SearchReplace, LoadSearchReplaceForm},
-    {TopOfTools, u"Email Cleanup - Standard", u"Email Cleanup - Standard", EmailCleanup,
-     EmailCleanupFromMenu},
-    {TopOfTools, u"Email Cleanup - Poem or List", u"Email Cleanup - Poem or List", EmailCleanupPoem,
-     EmailCleanupPoemFromMenu},
+    {TopOfTools, kEmailStandard, kEmailStandard, EmailCleanup, EmailCleanupFromMenu},
+    {TopOfTools, kEmailPoem, kEmailPoem, EmailCleanupPoem, EmailCleanupPoemFromMenu},
     {CustomAndBatchOnly, u"", kRunProgram, RunProgramAsSet},
 };
 

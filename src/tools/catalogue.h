@@ -39,6 +39,8 @@ inline constexpr StringView kAddCarriageReturns = u"Add Trailing Carriage Return
 inline constexpr StringView kToHtml = u"Convert TO HTML";
 inline constexpr StringView kFromHtml = u"Convert FROM HTML";
 inline constexpr StringView kSearchAndReplace = u"Search and Replace";
+inline constexpr StringView kEmailStandard = u"Email Cleanup - Standard";
+inline constexpr StringView kEmailPoem = u"Email Cleanup - Poem or List";
 inline constexpr StringView kRunProgram = u"Run Program";
 
 // In menu order.

@@ -1,5 +1,7 @@
 // What stands after the start: paths, options, custom tools, work files.
 
+#include <set>
+
 #include "core/command_line.h"
 #include "state/data_files.h"
 #include "support/app_fixture.h"
@@ -98,7 +100,6 @@ TEST_F(StartTest, OptionsOrTheDefaults) {
     EXPECT_EQ(app.RichTextBox2.Font.Get(),
               c.Good ? (TextFont{u"Arial", 9, false}) : (TextFont{u"Times New Roman", 14, false}));
     EXPECT_EQ(app.Fields.DefaultHeaderFile, c.Good ? header : u"");
-    EXPECT_EQ(app.Fields.ViewFontSize, c.Good ? 10 : 12);
     if (c.Good) {
       EXPECT_EQ(app.CommonDialog1.InitDir, Files.Path());
       EXPECT_EQ(app.Tools.HTML.CommonDialog1.InitDir, Files.Path());
@@ -113,6 +114,8 @@ TEST(CommandLine, FileStandsInFrontOfTheSwitches) {
     std::vector<String> Arguments;
     StringView File;
     bool Eof;
+    // What is there, where the names alone don't say.
+    std::set<String> Files = {};
   };
   const Case cases[] = {
       {{}, u"", false},
@@ -124,42 +127,60 @@ TEST(CommandLine, FileStandsInFrontOfTheSwitches) {
       {{u"/srv/eof/a.txt", u"/EOF"}, u"/srv/eof/a.txt", true},
       {{u"/NOSPLASH"}, u"", false},
       {{u"  a.txt  /EoF"}, u"a.txt", true},
+      {{u"trail ", u"/EOF"}, u"trail ", true},
+      {{u" lead"}, u" lead", false},
+      {{u"a.txt /EOF"}, u"a.txt /EOF", false, {u"a.txt /EOF"}},
+      {{u"\"a\"", u"/EOF"}, u"\"a\"", true, {u"\"a\"", u"a"}},
+      {{u"\"a\"", u"/EOF"}, u"a", true, {u"a"}},
+      {{u"my\"f.txt", u"/EOF"}, u"my\"f.txt", true},
+      {{u"a", u"b", u"/EOF"}, u"a b", true},
+      {{u"a", u"b", u"/EOF"}, u"a", true, {u"a", u"b"}},
+      {{u"a", u"b"}, u"a b", false, {u"a", u"b", u"a b"}},
   };
   for (const Case& c : cases) {
-    const String line = JoinArguments(c.Arguments);
+    const auto exists = [&c](const String& path) { return c.Files.contains(path); };
+    const String line = JoinArguments(c.Arguments, exists).Text;
     SCOPED_TRACE(ToUtf8(line));
     EXPECT_EQ(FileArgument(line), c.File);
-    EXPECT_EQ(HasSwitch(line, u"/EOF"), c.Eof);
+    EXPECT_EQ(HasSwitch(line, Word::Eof), c.Eof);
   }
+  const auto exists = [](const String&) { return true; };
+  EXPECT_THROW(JoinArguments({u"a\" /EOF \"b"}, exists), RefusedCommandLine);
+  EXPECT_THROW(JoinArguments({u"a", u"/USEALL:a\" /EOF \"b"}, exists), RefusedCommandLine);
 }
 
 TEST(CommandLine, ValuesEndAtTheNextSwitch) {
   struct Case {
     std::vector<String> Arguments;
-    StringView Switch;
+    Word Switch;
     StringView Value;
+    bool Exists = false;
   };
   const Case cases[] = {
-      {{u"a", u"/AUTO:Clean", u"Mail", u"/eof"}, u"/AUTO:", u"Clean Mail"},
-      {{u"a", u"/AUTO: \"Clean /EOF Mail\" /EOF"}, u"/AUTO:", u"Clean /EOF Mail"},
-      {{u"a", u"/AUTO:\"Quick\" fix"}, u"/AUTO:", u"\"Quick\" fix"},
-      {{u"a", u"/AUTO:\"x"}, u"/AUTO:", u"\"x"},
-      {{u"my\"f.txt", u"/AUTO:in\"x"}, u"/AUTO:", u"in\"x"},
-      {{u"a", u"/AUTO:a/b"}, u"/AUTO:", u"a/b"},
-      {{u"a", u"/AUTO:a/EOF"}, u"/AUTO:", u"a"},
-      {{u"a", u"/SAVETOLOCATION:/srv/eof/x", u"/EOF"}, u"/SAVETOLOCATION:", u"/srv/eof/x"},
-      {{u"a", u"/SaveToLocation:/eof"}, u"/SAVETOLOCATION:", u"/eof"},
-      {{u"a", u"/SAVETOLOCATION:/srv/x /EOF"}, u"/SAVETOLOCATION:", u"/srv/x"},
-      {{u"a", u"/EOF"}, u"/AUTO:", u""},
+      {{u"a", u"/AUTO:Clean", u"Mail", u"/eof"}, Word::Auto, u"Clean Mail"},
+      {{u"a", u"/AUTO: \"Clean /EOF Mail\" /EOF"}, Word::Auto, u"Clean /EOF Mail"},
+      {{u"a", u"/AUTO:\"Quick\" fix"}, Word::Auto, u"\"Quick\" fix"},
+      {{u"a", u"/AUTO:\"x"}, Word::Auto, u"\"x"},
+      {{u"my\"f.txt", u"/AUTO:in\"x"}, Word::Auto, u"in\"x"},
+      {{u"a", u"/AUTO:a/b"}, Word::Auto, u"a/b"},
+      {{u"a", u"/AUTO:a/EOF"}, Word::Auto, u"a"},
+      {{u"a", u"/SAVETOLOCATION:/srv/eof/x", u"/EOF"}, Word::SaveToLocation, u"/srv/eof/x"},
+      {{u"a", u"/SaveToLocation:/eof"}, Word::SaveToLocation, u"/eof"},
+      {{u"a", u"/SAVETOLOCATION:/srv/x /EOF"}, Word::SaveToLocation, u"/srv/x"},
+      {{u"a", u"/SAVETOLOCATION:x "}, Word::SaveToLocation, u"x "},
+      {{u"a", u"/USEALL:my /EOF"}, Word::UseAll, u"my", false},
+      {{u"a", u"/USEALL:my /EOF"}, Word::UseAll, u"my /EOF", true},
+      {{u"a", u"/EOF"}, Word::Auto, u""},
+      {{u"a", u"/ADDPREFIX:new- old"}, Word::AddPrefix, u"new-"},
+      {{u"a", u"/ADDPREFIX:\"new old \" x"}, Word::AddPrefix, u"new old "},
+      {{u"a", u"/ADDPREFIX:"}, Word::AddPrefix, u""},
   };
   for (const Case& c : cases) {
-    const String line = JoinArguments(c.Arguments);
+    const auto exists = [&c](const String&) { return c.Exists; };
+    const String line = JoinArguments(c.Arguments, exists).Text;
     SCOPED_TRACE(ToUtf8(line));
     EXPECT_EQ(SwitchValue(line, c.Switch), c.Value);
   }
-  EXPECT_EQ(SwitchWord(u"a /ADDPREFIX:new- old", u"/ADDPREFIX:"), u"new-");
-  EXPECT_EQ(SwitchWord(u"a /ADDPREFIX:\"new old \" x", u"/ADDPREFIX:"), u"new old ");
-  EXPECT_EQ(SwitchWord(u"a /ADDPREFIX:", u"/ADDPREFIX:"), u"");
 }
 
 TEST_F(StartTest, WordWrapIsOnAndCanBeTurnedOff) {

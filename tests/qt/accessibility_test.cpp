@@ -61,7 +61,8 @@ class Accessible : public FormTest {
 
 TEST_F(Accessible, EverythingHasANameOfItsOwnAndNoLetterTwice) {
   const TempFolder data;
-  ChangeCase app(windows, data.Path(), data.Path(), u"/NOSPLASH");
+  Session session(windows, data.Path(), u"/NOSPLASH");
+  ChangeCase app(session);
   app.Find.Open();
   BrowseFolders browse(windows, app.Messages);
   Working2 working(windows);
@@ -92,7 +93,8 @@ TEST_F(Accessible, EverythingHasANameOfItsOwnAndNoLetterTwice) {
 
 TEST_F(Accessible, BarsTellTheirButtonsByName) {
   const TempFolder data;
-  ChangeCase app(windows, data.Path(), data.Path(), u"/NOSPLASH");
+  Session session(windows, data.Path(), u"/NOSPLASH");
+  ChangeCase app(session);
   app.Show();
   const auto names = NamesIn(*QAccessible::queryAccessibleInterface(windows.WindowOf(app)));
   for (const char* name : {"Menus", "Tool bar", "Status bar", "Open", "Copy All", "Undo",

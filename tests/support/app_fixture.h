@@ -16,7 +16,10 @@ class AppTest : public testing::Test {
 
   // Starts the program with this command line.
   ChangeCase& Start(StringView commandLine = u"/NOSPLASH") {
-    app_ = std::make_unique<ChangeCase>(Windows, Data.Path(), Data.Path(), String(commandLine));
+    app_.reset();
+    session_.reset();
+    session_ = std::make_unique<Session>(Windows, Data.Path(), String(commandLine));
+    app_ = std::make_unique<ChangeCase>(*session_);
     app_->Show();
     return *app_;
   }
@@ -29,5 +32,6 @@ class AppTest : public testing::Test {
   }
 
  private:
+  std::unique_ptr<Session> session_;
   std::unique_ptr<ChangeCase> app_;
 };

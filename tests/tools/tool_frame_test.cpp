@@ -26,7 +26,7 @@ TEST_F(ToolFrameTest, RunsOnTheWholeTextOrTheSelection) {
     std::size_t ResultStart, ResultLength;
   };
   const Case cases[] = {
-      {"whole text, no final line end", u"ab\r\nc\nd", 3, 0, u"AB\r\nC\nD", 0, 0},
+      {"whole text, no final line end", u"ab\r\nc\nd", 3, 0, u"AB\r\nC\nD", 2, 0},
       {"middle", u"one two three", 4, 3, u"one TWO three", 4, 3},
       {"from the start", u"one two", 0, 3, u"ONE two", 0, 3},
       {"behind the first character", u"xone", 1, 3, u"xONE", 1, 3},

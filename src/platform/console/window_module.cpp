@@ -18,13 +18,17 @@ String WantedPlatform() {
   return wanted.substr(0, wanted.find(u':'));
 }
 
-bool CanShowWindows() {
-  if (!Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty()) return true;
-  // Platforms that need no display.
-  const String name = WantedPlatform();
-  constexpr std::array<StringView, 3> kWithoutDisplay{u"offscreen", u"minimal", u"vnc"};
-  return std::find(kWithoutDisplay.begin(), kWithoutDisplay.end(), name) != kWithoutDisplay.end();
+bool HasDisplay() {
+  return !Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty();
 }
+
+bool NeedsNoDisplay(StringView platform) {
+  constexpr std::array<StringView, 3> kWithoutDisplay{u"offscreen", u"minimal", u"vnc"};
+  return std::find(kWithoutDisplay.begin(), kWithoutDisplay.end(), platform) !=
+         kWithoutDisplay.end();
+}
+
+bool CanShowWindows() { return HasDisplay() || NeedsNoDisplay(WantedPlatform()); }
 
 bool WantsX11() {
   const String platform = WantedPlatform();
@@ -85,6 +89,8 @@ Function* FindInModule(const char* name) {
 }
 
 }  // namespace
+
+bool PersonCanSeeWindows() { return HasDisplay() && !NeedsNoDisplay(WantedPlatform()); }
 
 std::unique_ptr<WindowSystem> LoadWindowSystem(int& argc, char** argv) {
   return std::unique_ptr<WindowSystem>(

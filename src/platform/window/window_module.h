@@ -19,5 +19,8 @@ inline constexpr char kKeepClipboardOption[] = "--keep-clipboard";
 // Runs as that process and returns its exit status. RuntimeError as below.
 int RunAsClipboardKeeper(int& argc, char** argv);
 
+// Whether windows would come up where somebody may be: not on a platform without a display.
+bool PersonCanSeeWindows();
+
 // RuntimeError with one line for the user when there is no display or no module.
 std::unique_ptr<WindowSystem> LoadWindowSystem(int& argc, char** argv);
