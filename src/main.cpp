@@ -28,7 +28,6 @@ int RunTool(const std::vector<String>& arguments) {
     std::cerr << "wordflurn: --tool needs the name of a tool and at least one file\n";
     return 1;
   }
-  TidyUpOnSignals();
   KeepFreedMemory();
   return RunToolOnFiles(arguments[1], std::span(arguments).subspan(2));
 }
@@ -66,7 +65,6 @@ int Refuse(int argc, char** argv, const RefusedCommandLine& refused) {
 
 // A tool or a batch on files: never with a window system, whether there is a display or not.
 int RunOnFiles(int argc, char** argv, const JoinedLine& line) {
-  TidyUpOnSignals();
   KeepFreedMemory();
   ConsoleWindowSystem windows;
   try {
@@ -119,6 +117,7 @@ int RunOption(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  PrepareProcess();
   const std::string_view first = argc > 1 ? argv[1] : "";
   try {
     if (first == kKeepClipboardOption) return RunAsClipboardKeeper(argc, argv);

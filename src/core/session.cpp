@@ -6,7 +6,7 @@
 
 Session::Session(WindowSystem& windows, const String& appFolder, const String& commandLine)
     : Windows(windows),
-      WorkFolder(appFolder),
+      WorkFolder(appFolder, IsTemporaryFile),
       richTextBox1_(windows.CreateRichTextBox()),
       richTextBox2_(windows.CreateRichTextBox()),
       commonDialog1_(windows.CreateCommonDialog()),

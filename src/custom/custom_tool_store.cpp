@@ -16,6 +16,16 @@ using FileLines = std::vector<String>;
                                        " is not where it should be; the file was not changed");
 }
 
+// The tools as the file has them, which must be as many as the program has in mind.
+FileLines ReadTools(const String& path, int count) {
+  FileLines lines = ReadDataFile(path);
+  if (std::find(lines.begin(), lines.end(), RecordKey(count + 1)) != lines.end()) {
+    throw RuntimeError(kPermissionDenied,
+                       ToUtf8(path) + ": another WordFlurn has changed the custom tools");
+  }
+  return lines;
+}
+
 // A record is found by any line that holds its key.
 std::size_t FindRecord(const FileLines& lines, const String& path, int number) {
   const String key = RecordKey(number);
@@ -76,7 +86,7 @@ void AddLines(FileLines& lines, const FileLines& more, std::size_t from = 0) {
 void CustomToolStore::Append(const CustomTool& tool, int count) const {
   folder_.WhileLocked([&] {
     FileLines lines;
-    if (FileExists(path_)) lines = ReadDataFile(path_);
+    if (FileExists(path_)) lines = ReadTools(path_, count);
     AddLines(lines, RecordLines(tool, count + 1));
     WriteDataFile(path_, lines);
   });
@@ -84,7 +94,7 @@ void CustomToolStore::Append(const CustomTool& tool, int count) const {
 
 void CustomToolStore::Replace(const CustomTool& tool, int number, int count) const {
   folder_.WhileLocked([&] {
-    const FileLines old = ReadDataFile(path_);
+    const FileLines old = ReadTools(path_, count);
     const std::size_t begin = FindRecord(old, path_, number);
     FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));
     AddLines(lines, RecordLines(tool, number));
@@ -95,7 +105,7 @@ void CustomToolStore::Replace(const CustomTool& tool, int number, int count) con
 
 void CustomToolStore::Delete(int number, int count) const {
   folder_.WhileLocked([&] {
-    const FileLines old = ReadDataFile(path_);
+    const FileLines old = ReadTools(path_, count);
     const std::size_t begin = FindRecord(old, path_, number);
     if (count == 1) return DeleteFile(path_);
     FileLines lines(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(begin));

@@ -1,5 +1,6 @@
 #include "state/data_files.h"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/system/files.h"
@@ -46,6 +47,11 @@ void SetDataPaths(SharedFields& fields, const String& appFolder, const String& w
   fields.AppFolder = appFolder;
   for (const DataFile& file : kTemporary) fields.*file.Path = JoinPath(workFolder, file.Name);
   for (const DataFile& file : kLasting) fields.*file.Path = JoinPath(appFolder, file.Name);
+}
+
+bool IsTemporaryFile(StringView name) {
+  return std::any_of(kTemporary.begin(), kTemporary.end(),
+                     [&](const DataFile& file) { return file.Name == name; });
 }
 
 void DeleteTemporaryFiles(const SharedFields& fields) {

@@ -13,5 +13,8 @@ String FindAppFolder();
 // `workFolder`.
 void SetDataPaths(SharedFields& fields, const String& appFolder, const String& workFolder);
 
+// Whether it is the name of a temporary file, such as an earlier run may have left.
+bool IsTemporaryFile(StringView name);
+
 // Deletes the five temporary files and the page of the viewer; whatever goes wrong is passed over.
 void DeleteTemporaryFiles(const SharedFields& fields);

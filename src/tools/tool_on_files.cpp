@@ -46,7 +46,7 @@ int RunToolOnFiles(const String& toolName, std::span<const String> files) {
     return 1;
   }
   const String appFolder = FindAppFolder();
-  const WorkFolder workFolder(appFolder);
+  const WorkFolder workFolder(appFolder, IsTemporaryFile);
   SetSpareFolder(appFolder);
   ConsoleWindowSystem windows;
   SharedFields fields;

@@ -18,9 +18,10 @@ TEST_F(StartTest, WorkFilesOfAnEarlierRunAreGone) {
   for (const StringView name : names) Data.Put(name, "left over");
   Start();
   for (const StringView name : names) EXPECT_FALSE(FileExists(Data / name));
-  for (const StringView name : names) Data.Put(name, "of this run");
+  const String work = FolderOf(App().Fields.TempFile1);
+  for (const StringView name : names) WriteWorkFile(JoinPath(work, name), u"of this run");
   App().Menu.ExitMenu.Click();
-  for (const StringView name : names) EXPECT_FALSE(FileExists(Data / name));
+  for (const StringView name : names) EXPECT_FALSE(FileExists(JoinPath(work, name)));
   EXPECT_EQ(Windows.QuitStatus, 0);
 }
 

@@ -5,6 +5,7 @@
 #include "custom/custom_tool_names.h"
 #include "platform/system/files.h"
 #include "platform/system/posix/sys.h"
+#include "state/data_files.h"
 #include "support/temp_folder.h"
 #include "text/runtime_error.h"
 
@@ -21,7 +22,7 @@ class StoreTest : public testing::Test {
  protected:
   TempFolder folder_;
   String path_ = folder_ / u"FLURNCUS.DAT";
-  WorkFolder work_{folder_.Path()};
+  WorkFolder work_{folder_.Path(), IsTemporaryFile};
   CustomToolStore store_{work_, path_};
 
   std::string File() const { return BytesOf(path_); }
@@ -99,11 +100,21 @@ TEST_F(StoreTest, DamagedFileStaysAsItIs) {
 TEST_F(StoreTest, OneProgramAtATimeChangesTheFile) {
   Fill();
   const std::string old = File();
-  const WorkFolder other(folder_.Path());
+  const WorkFolder other(folder_.Path(), IsTemporaryFile);
   const CustomToolStore store(other, path_);
-  EXPECT_THROW(store.Append(Named(u"x"), 3), RuntimeError);
-  EXPECT_THROW(store.Delete(1, 3), RuntimeError);
+  {
+    const DataLock held = work_.Lock();
+    EXPECT_THROW(store.Append(Named(u"x"), 3), RuntimeError);
+    EXPECT_THROW(store.Delete(1, 3), RuntimeError);
+  }
   EXPECT_EQ(File(), old);
+  // Nor with an old list in mind.
+  store.Append(Named(u"x"), 3);
+  const std::string changed = File();
+  EXPECT_THROW(store_.Append(Named(u"y"), 3), RuntimeError);
+  EXPECT_THROW(store_.Replace(Named(u"y"), 3, 3), RuntimeError);
+  EXPECT_THROW(store_.Delete(3, 3), RuntimeError);
+  EXPECT_EQ(File(), changed);
 }
 
 // Any system call of a rewrite may be the one that fails.

@@ -1,6 +1,5 @@
 #include "platform/system/files.h"
 
-#include <csignal>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -9,6 +8,7 @@
 
 #include "platform/system/posix/mounts.h"
 #include "platform/system/posix/sys.h"
+#include "platform/system/signals.h"
 #include "platform/system/text_file.h"
 #include "platform/system/work_file.h"
 #include "platform/test_folder.h"
@@ -166,7 +166,7 @@ TEST(ByteFile, AWriteCutShortByTheSystemFails) {
   // The limit makes the kernel write a part first and refuse the rest.
   EXPECT_EQ(InChild([] {
               const TestFolder folder;
-              std::signal(SIGXFSZ, SIG_IGN);
+              PrepareProcess();
               const rlimit limit{1000, 1000};
               setrlimit(RLIMIT_FSIZE, &limit);
               OutputFile file(folder / "file");

@@ -1,10 +1,11 @@
 // Saving against the real system: other users, access lists, mount points, full disks.
 
-#include <csignal>
+#include <chrono>
 #include <cstdint>
 #include <fcntl.h>
 #include <grp.h>
 #include <sched.h>
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -12,6 +13,7 @@
 
 #include "platform/system/files.h"
 #include "platform/system/safe_save.h"
+#include "platform/system/signals.h"
 #include "platform/test_folder.h"
 
 namespace {
@@ -124,27 +126,6 @@ TEST(SafeSave, HardLinksShareTheNewContent) {
   EXPECT_EQ(folder.Get("second"), "new");
   EXPECT_EQ(StatusOf(folder.Path / "name").st_nlink, 3u);
   EXPECT_EQ(folder.Names().size(), 3u);
-}
-
-// Half way a file that is rewritten in place is neither the old one nor the new one.
-TEST(SafeSave, ASignalWaitsForARewriteInPlace) {
-  const TestFolder folder;
-  folder.Put("name", "a longer old text");
-  fs::create_hard_link(folder.Path / "name", folder.Path / "second");
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    const int status = InChild([&] {
-      std::signal(signal, [](int) { _exit(9); });
-      SafeSave(folder / "name", [signal](const ByteSink& sink) {
-        sink("new ");
-        std::raise(signal);
-        sink("text");
-      });
-    });
-    EXPECT_EQ(status, 9) << "the signal comes afterwards";
-    EXPECT_EQ(folder.Get("name"), "new text");
-    EXPECT_EQ(folder.Names(), (std::set<std::string>{"name", "second"}));
-    folder.Put("name", "a longer old text");
-  }
 }
 
 TEST(SafeSave, AttributesAndModeStay) {
@@ -302,7 +283,7 @@ TEST_F(AsRoot, AFullDiskLeavesTheOldContent) {
 // Works for anybody: the kernel writes a part of the new content and refuses the rest.
 TEST(SafeSave, AFileGrownTooLargeKeepsTheOldContent) {
   EXPECT_EQ(InChild([] {
-              std::signal(SIGXFSZ, SIG_IGN);
+              PrepareProcess();
               const rlimit limit{5000, 5000};
               setrlimit(RLIMIT_FSIZE, &limit);
               const TestFolder folder;
@@ -316,6 +297,108 @@ TEST(SafeSave, AFileGrownTooLargeKeepsTheOldContent) {
               EXPECT_EQ(folder.Names().size(), 3u);
             }),
             0);
+}
+
+TEST(SafeSave, ANewFileIsNoMoreReadableThanItsModel) {
+  const mode_t before = umask(022);
+  const struct {
+    int Model, New;
+  } cases[]{{0600, 0600}, {0400, 0600}, {0640, 0640}, {0666, 0644}, {0755, 0644}};
+  for (const auto& [model, made] : cases) {
+    const TestFolder folder;
+    folder.Put("model", "");
+    fs::permissions(folder.Path / "model", fs::perms(model));
+    for (const bool open : {false, true}) {
+      if (open)
+        SafeReplace(
+            folder / "open", [](OutputFile) {}, folder / "model");
+      else
+        SafeSave(
+            folder / "sink", [](const ByteSink&) {}, folder / "model");
+      EXPECT_EQ(StatusOf(folder.Path / (open ? "open" : "sink")).st_mode, S_IFREG | made);
+    }
+    if (geteuid() != 0) continue;
+    ASSERT_EQ(chown((folder.Path / "model").c_str(), 0, kOther), 0);
+    SafeSave(
+        folder / "other", [](const ByteSink&) {}, folder / "model");
+    EXPECT_EQ(StatusOf(folder.Path / "other").st_mode & 070, made & 07 ? 040u : 0u);
+  }
+  umask(before);
+}
+
+TEST_F(AsRoot, ARewriteInPlaceKeepsSetuidOrSaysSo) {
+  GiveFolder(kSomebody, 0755);
+  const struct {
+    const char* Name;
+    uid_t Owner;
+    mode_t Mode, Left;
+    int Code;
+  } cases[]{{"own", kSomebody, 06755, 06755, 0}, {"foreign", kOther, 06777, 0777, 70}};
+  for (const auto& each : cases) {
+    Put(each.Name, each.Owner, each.Mode);
+    fs::create_hard_link(folder.Path / each.Name, folder.Path / "second");
+    EXPECT_EQ(InChild([&] {
+                ASSERT_EQ(setgroups(0, nullptr), 0);
+                ASSERT_EQ(setresgid(kSomebody, kSomebody, kSomebody), 0);
+                ASSERT_EQ(setresuid(kSomebody, kSomebody, kSomebody), 0);
+                EXPECT_EQ(CodeOf([&] { Save(folder / each.Name, "new"); }), each.Code);
+              }),
+              0);
+    EXPECT_EQ(StatusOf(folder.Path / each.Name).st_mode & 07777, each.Left);
+    EXPECT_EQ(folder.Get(each.Name), "new");
+    fs::remove(folder.Path / "second");
+  }
+}
+
+TEST(SafeSave, LeftoversAreRemovedOrNamed) {
+  const TestFolder folder, spare;
+  SetSpareFolder(spare / "");
+  const std::string kDigits = "0123456789abcdef";
+  folder.Put("name", "text");
+  fs::create_symlink("name", folder.Path / "link");
+  enum class Fate { Goes, IsNamed, Stays };
+  const struct {
+    std::string Name, Content;
+    Fate After;
+  } cases[]{{".wordflurn-0" + kDigits.substr(1), "text", Fate::Goes},
+            {".wordflurn-1" + kDigits.substr(1), "", Fate::Goes},
+            {".wordflurn-2" + kDigits.substr(1), "next", Fate::IsNamed},
+            {".wordflurn-3" + kDigits.substr(1), "longer", Fate::IsNamed},
+            {".wordflurn-" + kDigits + "4", "text", Fate::Stays},
+            {".wordflurn-of mine 0123456", "text", Fate::Stays},
+            {"name.old-5" + kDigits.substr(1), "text", Fate::Goes},
+            {"name.old-6" + kDigits.substr(1), "old", Fate::IsNamed},
+            {"other.old-7" + kDigits.substr(1), "text", Fate::Stays},
+            {".wordflurn-8" + kDigits.substr(1), "text", Fate::Stays},
+            {".wordflurn-9" + kDigits.substr(1), "text", Fate::Stays}};
+  for (const TestFolder* where : {&folder, &spare}) {
+    for (const auto& each : cases) {
+      where->Put(each.Name, each.Content);
+      if (each.Name[11] != '8')  // made in this moment
+        fs::last_write_time(where->Path / each.Name,
+                            fs::file_time_type::clock::now() - std::chrono::hours(1));
+    }
+  }
+  // Of a running program.
+  const int used = open((folder.Path / cases[10].Name).c_str(), O_RDONLY);
+  ASSERT_EQ(flock(used, LOCK_EX), 0);
+  fs::create_symlink("name", folder.Path / (".wordflurn-a" + kDigits.substr(1)));
+
+  std::set<String> named, expected;
+  for (const String& path : LeftoversBeside(folder / "link")) named.insert(path);
+  for (const TestFolder* where : {&folder, &spare}) {
+    for (const auto& each : cases) {
+      const bool counts = where == &folder || each.Name.starts_with("name.old-");
+      EXPECT_EQ(fs::exists(where->Path / each.Name), !counts || each.After != Fate::Goes)
+          << each.Name;
+      if (counts && each.After == Fate::IsNamed) expected.insert(*where / each.Name);
+    }
+  }
+  EXPECT_EQ(named, expected);
+  EXPECT_EQ(folder.Get("name"), "text");
+  EXPECT_TRUE(LeftoversBeside(folder / "missing/name").empty());
+  close(used);
+  SetSpareFolder({});
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
 #include "platform/system/safe_save.h"
 
+#include <csignal>
+
 #include "platform/system/files.h"
 #include "platform/system/posix/sys.h"
+#include "platform/system/signals.h"
 #include "platform/test_folder.h"
 
 namespace {
@@ -116,6 +119,36 @@ TEST_P(SafeSaveWays, AProcessThatEndsAtAnyCallLosesNothing) {
     EXPECT_TRUE(now == kNew || status != 0);
   }
   EXPECT_EQ(status, 0);
+  EXPECT_GT(call, 8);
+}
+
+TEST_P(SafeSaveWays, ASignalAtAnyCallLeavesOneContentAndNothingBeside) {
+  constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+  int call = 0;
+  for (bool struck = true; struck;) {
+    ++call;
+    const TestFolder folder(kMemory);
+    GetParam().Prepare(folder);
+    auto names = folder.Names();
+    const pid_t child = fork();
+    if (child == 0) {
+      PrepareProcess();
+      bool done = false;
+      const Hook hook(Busy(folder), call, [&](const char*) {
+        return std::exchange(done, true) ? 0 : std::raise(kSignals[call % 3]);
+      });
+      GetParam().Save(folder / "name");
+      _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    struck = WIFSIGNALED(status);
+    EXPECT_TRUE(!struck || WTERMSIG(status) == kSignals[call % 3]);
+    const std::string now = folder.Get("name");
+    EXPECT_TRUE(now == kNew || (struck && now == (GetParam().HasOld ? kOld : ""))) << call;
+    if (now == kNew) names.insert("name");
+    EXPECT_EQ(folder.Names(), names) << call;
+  }
   EXPECT_GT(call, 8);
 }
 

@@ -1,83 +1,124 @@
 #include "platform/system/work_folder.h"
 
+#include <csignal>
 #include <sys/stat.h>
 #include <vector>
 
 #include "platform/system/files.h"
 #include "platform/system/posix/sys.h"
+#include "platform/system/signals.h"
 #include "platform/test_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-TEST(WorkFolder, TheSecondProcessWorksApart) {
+bool IsKnown(StringView name) { return name == u"WFTEMP1.DAT" || name == u"WFTEMP2.DAT"; }
+
+struct Folder : WorkFolder {
+  explicit Folder(const String& dataFolder) : WorkFolder(dataFolder, IsKnown) {}
+};
+
+TEST(WorkFolder, IsOfOneProcessAndGoesWithIt) {
   const TestFolder folder;
-  const WorkFolder first(folder / "new/data");
-  EXPECT_TRUE(first.HoldsLock());
-  EXPECT_EQ(first.Path(), folder / "new/data");
-  EXPECT_EQ(fs::status(folder.Path / "new").permissions(), fs::perms(0700));
-  String apart;
   {
-    const WorkFolder second(folder / "new/data");
-    apart = second.Path();
-    EXPECT_FALSE(second.HoldsLock());
-    EXPECT_TRUE(FileNameOf(apart).starts_with(u"WFTEMP-"));
-    EXPECT_EQ(fs::status(ToUtf8(apart)).permissions(), fs::perms(0700));
-    const WorkFolder third(folder / "new/data");
-    EXPECT_NE(third.Path(), apart);
-    // A start removes stale folders; those in use stay.
-    EXPECT_TRUE(FolderExists(apart));
-    std::ofstream(fs::path(ToUtf8(apart)) / "WFTEMP1.DAT") << "text";
+    const Folder first(folder / "new/data");
+    const Folder second(folder / "new/data");
+    EXPECT_NE(first.Path(), second.Path());
+    for (const String& path : {first.Path(), second.Path()}) {
+      EXPECT_EQ(FolderOf(path), folder / "new/data");
+      EXPECT_EQ(fs::status(ToUtf8(path)).permissions(), fs::perms(0700));
+      std::ofstream(fs::path(ToUtf8(path)) / "anything") << "text";
+    }
+    EXPECT_EQ(fs::status(folder.Path / "new").permissions(), fs::perms(0700));
   }
-  EXPECT_FALSE(FolderExists(apart));
+  EXPECT_TRUE(SubFolders(folder / "new/data").empty());
 }
 
-TEST(WorkFolder, OneProcessAtATimeChangesDataFiles) {
+TEST(WorkFolder, OneProcessAtATimeHasTheLock) {
   const TestFolder folder;
-  auto first = std::make_unique<WorkFolder>(folder / "");
-  const WorkFolder second(folder / "");
+  fs::create_directory(folder.Path / "data");
+  fs::create_directory_symlink("data", folder.Path / "link");
+  const Folder first(folder / "data");
+  const Folder second(folder / "link");
   int changes = 0;
   const auto change = [&] { ++changes; };
-  first->WhileLocked(change);
-  EXPECT_THROW(second.WhileLocked(change), RuntimeError);
-  EXPECT_EQ(changes, 1);
-  first.reset();
-  second.WhileLocked([&] {
-    const WorkFolder third(folder / "");
-    EXPECT_FALSE(third.HoldsLock());
-    EXPECT_THROW(third.WhileLocked(change), RuntimeError);
-    change();
-  });
-  EXPECT_EQ(changes, 2);
-  EXPECT_TRUE(WorkFolder(folder / "").HoldsLock()) << "the lock is free again";
+  // The second time on a file system that locks no folders.
+  for (const int error : {0, EBADF}) {
+    int locks = 0;
+    sys::OnCall = [&](const char* call) {
+      return call == std::string("flock") && ++locks % 2 == 1 ? error : 0;
+    };
+    changes = 0;
+    {
+      const DataLock lock = first.Lock();
+      first.WhileLocked(change);
+      EXPECT_EQ(CodeOf([&] { second.WhileLocked(change); }), kPermissionDenied);
+      EXPECT_EQ(CodeOf([&] { DataLock other = second.Lock(); }), kPermissionDenied);
+    }
+    second.WhileLocked([&] { EXPECT_EQ(CodeOf([&] { first.Lock(); }), kPermissionDenied); });
+    first.WhileLocked(change);
+    EXPECT_EQ(changes, 2);
+    sys::OnCall = nullptr;
+  }
 }
 
-TEST(WorkFolder, StaleFoldersGoAndNothingElse) {
+TEST(WorkFolder, AFileSystemWithoutLocksKeepsNobodyOut) {
+  for (const int error : {ENOLCK, EOPNOTSUPP, ENOSYS, EINVAL}) {
+    const TestFolder folder;
+    sys::OnCall = [&](const char* call) { return call == std::string("flock") ? error : 0; };
+    {
+      const Folder first(folder / "");
+      const Folder second(folder / "");
+      EXPECT_NE(first.Path(), second.Path());
+      const DataLock lock = first.Lock();
+      second.WhileLocked([] {});
+    }
+    sys::OnCall = nullptr;
+    EXPECT_TRUE(SubFolders(folder / "").empty()) << error;
+  }
+}
+
+TEST(WorkFolder, WhatDeadProcessesLeftGoesAndNothingElse) {
   const TestFolder folder;
-  const WorkFolder first(folder / "");
   EXPECT_EQ(InChild([&] {
-              const WorkFolder killed(folder / "");
+              const Folder killed(folder / "");
               std::ofstream(fs::path(ToUtf8(killed.Path())) / "WFTEMP1.DAT") << "text";
               _exit(9);
             }),
             9);
-  fs::create_directories(folder.Path / "elsewhere");
-  folder.Put("elsewhere/kept", "text");
+  ASSERT_EQ(folder.Names().size(), 1u);
+  const auto make = [&](const std::string& name, int mode, const std::string& file) {
+    fs::create_directory(folder.Path / name);
+    if (!file.empty()) folder.Put(name + "/" + file, "text");
+    fs::permissions(folder.Path / name, fs::perms(mode));
+  };
+  make("elsewhere", 0700, "WFTEMP1.DAT");
   fs::create_directory_symlink("elsewhere", folder.Path / "WFTEMP-1");
-  fs::create_directory(folder.Path / "WFTEMP-of mine");
+  make("WFTEMP-of mine", 0700, "");
+  make("WFTEMP-2024-", 0700, "WFTEMP1.DAT");
+  make("WFTEMP-2024-05-01", 0700, "WFTEMP1.DAT");
+  make("WFTEMP-3", 0700, "chapter.txt");
+  make("WFTEMP-4", 0755, "WFTEMP1.DAT");
+  make("WFTEMP-5", 0700, "");
+  fs::create_symlink("../elsewhere/WFTEMP1.DAT", folder.Path / "WFTEMP-5/WFTEMP1.DAT");
   folder.Put("WFTEMP-2", "a file");
-  EXPECT_EQ(folder.Names().size(), 6u);
-  { const WorkFolder next(folder / ""); }
-  EXPECT_EQ(folder.Names(), (std::set<std::string>{"WFLOCK", "WFTEMP-1", "WFTEMP-2",
-                                                   "WFTEMP-of mine", "elsewhere"}));
-  EXPECT_EQ(folder.Get("elsewhere/kept"), "text");
+  const Folder running(folder / "");
+  std::set<std::string> kept = folder.Names();
+  EXPECT_EQ(kept.size(), 10u);
+  make("WFTEMP-6", 0700, "WFTEMP2.DAT");
+  make("WFTEMP-6-1", 0700, "");
+  folder.Put("WFTEMP1.DAT", "of an earlier version");
+  { const Folder next(folder / ""); }
+  EXPECT_EQ(folder.Names(), kept);
+  EXPECT_EQ(folder.Get("elsewhere/WFTEMP1.DAT"), "text");
 }
 
 TEST(WorkFolder, TheLockGoesWithItsProcessAndNotToItsPrograms) {
   const TestFolder folder;
   EXPECT_EQ(InChild([&] {
-              const WorkFolder killed(folder / "");
+              const Folder killed(folder / "");
+              const DataLock lock = killed.Lock();
               if (fork() == 0) {
                 execlp("sleep", "sleep", "5", nullptr);
                 _exit(1);
@@ -87,18 +128,16 @@ TEST(WorkFolder, TheLockGoesWithItsProcessAndNotToItsPrograms) {
               _exit(9);
             }),
             9);
-  EXPECT_TRUE(WorkFolder(folder / "").HoldsLock());
+  Folder(folder / "").WhileLocked([] {});
 }
 
 TEST(WorkFolder, AFolderCleanedUpBeforeItWasLockedIsMadeAgain) {
   const TestFolder folder;
-  const WorkFolder first(folder / "");
   for (const bool replaced : {false, true}) {
     bool cleaned = false;
     sys::OnCall = [&](const char* call) {
       if (call != std::string("flock") || cleaned) return 0;
       for (const std::string& name : folder.Names()) {
-        if (!name.starts_with("WFTEMP-")) continue;
         cleaned = true;
         // The name may be taken by another process at once.
         fs::rename(folder.Path / name, folder.Path / "gone");
@@ -106,11 +145,11 @@ TEST(WorkFolder, AFolderCleanedUpBeforeItWasLockedIsMadeAgain) {
       }
       return 0;
     };
-    const WorkFolder second(folder / "");
+    const Folder work(folder / "");
     sys::OnCall = nullptr;
     EXPECT_TRUE(cleaned);
-    ASSERT_TRUE(FolderExists(second.Path()));
-    EXPECT_TRUE(second.Path().ends_with(u"-1"));
+    ASSERT_TRUE(FolderExists(work.Path()));
+    EXPECT_TRUE(work.Path().ends_with(u"-1"));
     fs::remove_all(folder.Path / "gone");
   }
 }
@@ -125,8 +164,8 @@ TEST(WorkFolder, ManyProcessesNeverShareAFolder) {
     int status = 0;
     try {
       for (int round = 0; round < 60 && status == 0; ++round) {
-        const WorkFolder mine(folder / "");
-        const std::string mark = ToUtf8(JoinPath(mine.Path(), u"mark"));
+        const Folder mine(folder / "");
+        const std::string mark = ToUtf8(JoinPath(mine.Path(), u"WFTEMP1.DAT"));
         // Fails when another process has made it already, or when the folder has gone.
         if (FILE* file = fopen(mark.c_str(), "wx"))
           fclose(file);
@@ -145,45 +184,14 @@ TEST(WorkFolder, ManyProcessesNeverShareAFolder) {
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0) << WEXITSTATUS(status);
   }
-  EXPECT_EQ(folder.Names(), std::set<std::string>{"WFLOCK"});
-}
-
-TEST(WorkFolder, WithoutALockToBeHadEachWorksApart) {
-  for (const int error : {ENOLCK, EOPNOTSUPP, ENOSYS, EINVAL}) {
-    const TestFolder folder;
-    sys::OnCall = [&](const char* call) { return call == std::string("flock") ? error : 0; };
-    {
-      const WorkFolder first(folder / "");
-      const WorkFolder second(folder / "");
-      EXPECT_FALSE(first.HoldsLock());
-      EXPECT_NE(first.Path(), second.Path());
-      EXPECT_TRUE(FolderExists(first.Path()));
-      EXPECT_TRUE(FolderExists(second.Path()));
-    }
-    sys::OnCall = nullptr;
-    EXPECT_EQ(folder.Names(), std::set<std::string>{"WFLOCK"}) << error;
-  }
-}
-
-TEST(WorkFolder, AnotherThingInPlaceOfTheLockIsNoneToWaitFor) {
-  const std::function<void(const char*)> things[]{
-      [](const char* path) { ASSERT_EQ(mkfifo(path, 0600), 0); },
-      [](const char* path) { fs::create_directory(path); },
-      [](const char* path) { fs::create_symlink("nowhere", path); }};
-  for (const auto& make : things) {
-    const TestFolder folder;
-    make((folder.Path / "WFLOCK").c_str());
-    const WorkFolder apart(folder / "");
-    EXPECT_FALSE(apart.HoldsLock());
-    EXPECT_TRUE(FileNameOf(apart.Path()).starts_with(u"WFTEMP-"));
-  }
+  EXPECT_TRUE(folder.Names().empty());
 }
 
 TEST(WorkFolder, SaysWhatCantBeMadeOrWritten) {
   const TestFolder folder;
   folder.Put("file", "");
   for (const char* name : {"file/data", "file/deep/data", "file"}) try {
-      WorkFolder data(folder / name);
+      Folder data(folder / name);
       ADD_FAILURE();
     } catch (const RuntimeError& error) {
       const std::string text = error.what();
@@ -196,7 +204,7 @@ TEST(WorkFolder, SaysWhatCantBeMadeOrWritten) {
   EXPECT_EQ(InChild([&] {
               ASSERT_EQ(seteuid(65534), 0);
               for (const char* name : {"", "new"}) try {
-                  WorkFolder data(folder / name);
+                  Folder data(folder / name);
                   ADD_FAILURE();
                 } catch (const RuntimeError& error) {
                   EXPECT_EQ(error.Code, kPermissionDenied);

@@ -5,7 +5,8 @@
 
 #include "text/text.h"
 
-// A program that was started. It goes on running when the object goes.
+// A program that was started. It goes on running when the object goes; a signal that ends this
+// program ends it as well (signals.h).
 class Process {
  public:
   // What ExitCode tells of a program that has not ended.

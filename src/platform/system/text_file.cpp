@@ -59,13 +59,17 @@ void PutUnchanged(TextEncoder& encoder, StringView text, const std::vector<bool>
 
 }  // namespace
 
-void WriteTextFile(const String& path, StringView text, const TextFormat& format) {
+void WriteTextFile(const String& path, StringView text, const TextFormat& format,
+                   const String& model) {
   const TextFormat holding = FormatThatHolds(text, format);
-  SafeSave(path, [&](const ByteSink& sink) {
-    TextEncoder encoder(holding, sink);
-    PutUnchanged(encoder, text, holding.BareCrs);
-    encoder.Finish();
-  });
+  SafeSave(
+      path,
+      [&](const ByteSink& sink) {
+        TextEncoder encoder(holding, sink);
+        PutUnchanged(encoder, text, holding.BareCrs);
+        encoder.Finish();
+      },
+      model);
 }
 
 void WriteWorkFile(const String& path, StringView text) { WriteWorkFile(OutputFile(path), text); }

@@ -31,8 +31,10 @@ LoadedText ReadTextFile(InputFile file);
 TextFormat FormatThatHolds(StringView text, const TextFormat& wanted);
 
 // Writes a text over a file, which holds either its old or its new content at every moment (see
-// safe_save.h). The text's line ends are CR LF. RuntimeError, and the file is as it was.
-void WriteTextFile(const String& path, StringView text, const TextFormat& format);
+// safe_save.h, for the model as well). The text's line ends are CR LF. RuntimeError, and the file
+// is as it was.
+void WriteTextFile(const String& path, StringView text, const TextFormat& format,
+                   const String& model = {});
 
 // A work file: the text exactly, lone surrogates and LFs included, for this program alone; mode
 // 0600. No protection against a failure half way.

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/system/posix/sys.h"
+#include "platform/system/signals.h"
 #include "text/runtime_error.h"
 
 extern char** environ;
@@ -50,9 +51,12 @@ Process::Process(const String& program, const std::vector<String>& arguments) {
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   const StartSettings settings;
+  // Ended in between, nobody would know of the program.
+  const SignalsHeld held;
   const int error = posix_spawn(&id_, words.front().c_str(), &settings.Files, &settings.Attributes,
                                 pointers.data(), environ);
   if (error != 0) sys::Throw(program, error);
+  EndOnSignal(id_);
 }
 
 Process::Process(Process&& other) noexcept
@@ -63,7 +67,10 @@ Process::~Process() { ExitCode(); }
 int Process::ExitCode() {
   if (id_ == 0 || exitCode_ != kStillRunning) return exitCode_;
   int status = 0;
+  const SignalsHeld held;
   const pid_t ended = waitpid(id_, &status, WNOHANG);
-  if (ended == id_) exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  if (ended != id_) return exitCode_;
+  ForgetOnSignal(id_);
+  exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   return exitCode_;
 }

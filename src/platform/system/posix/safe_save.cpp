@@ -6,6 +6,7 @@
 #include "platform/system/byte_file.h"
 #include "platform/system/files.h"
 #include "platform/system/posix/file_attributes.h"
+#include "platform/system/posix/leftovers.h"
 #include "platform/system/posix/scratch_file.h"
 #include "platform/system/posix/sys.h"
 #include "platform/system/signals.h"
@@ -72,11 +73,7 @@ void Overwrite(const sys::SharedDescriptor& file, const String& path, const Prod
 
 // Keeps the content of a file in a copy that a person will know again.
 void KeepCopy(const sys::SharedDescriptor& file, const String& path, ScratchFile& copy) {
-  // Leaves room for the digits in a name of 255 bytes.
-  constexpr std::size_t kLongestName = 70;
-  String name(FileNameOf(path).substr(0, kLongestName));
-  if (IsHighSurrogate(name.back())) name.pop_back();
-  name += u".old-";
+  const String name = CopyPrefix(path);
   if (copy.Make(FolderOf(path), name, 0600) < 0) {
     if (!IsRefusal(errno) || spareFolder.empty()) sys::Throw(path);
     sys::Check(copy.Make(spareFolder, name, 0600), spareFolder);
@@ -87,7 +84,8 @@ void KeepCopy(const sys::SharedDescriptor& file, const String& path, ScratchFile
   sys::Check(sys::SyncFolder(FolderOf(copy.Path())), copy.Path());
 }
 
-void RewriteInPlace(const sys::SharedDescriptor& file, const String& path,
+// The mode is what the file has.
+void RewriteInPlace(const sys::SharedDescriptor& file, mode_t mode, const String& path,
                     const Producer& produce) {
   // Ended half way, the file would be half new.
   const SignalsHeld held;
@@ -107,18 +105,30 @@ void RewriteInPlace(const sys::SharedDescriptor& file, const String& path,
     }
     throw;
   }
+  // The system takes these two away when a file is written.
+  constexpr mode_t kRunsAs = S_ISUID | S_ISGID;
+  struct stat now;
+  sys::Check(fstat(file->Get(), &now), path);
+  if ((mode & kRunsAs & ~now.st_mode) == 0) return;
+  if (sys::ChangeMode(file->Get(), mode & 07777) == 0 && fstat(file->Get(), &now) == 0 &&
+      (mode & kRunsAs & ~now.st_mode) == 0)
+    return;
+  throw RuntimeError(kPermissionDenied,
+                     ToUtf8(path) + " is saved, but has lost its setuid or setgid permission");
 }
 
 // Moves the scratch file, once `write` has filled it, over the target. False when the system
 // refuses that; the scratch file then holds the new content.
 bool ReplaceByRename(ScratchFile& scratch, const String& target, std::optional<mode_t> mode,
                      const std::function<void()>& write) {
-  const RemovedOnSignal removed(scratch.Path());
   write();
   struct stat made;
   sys::Check(fstat(scratch.Get(), &made), target);
   const bool otherMode = mode && (made.st_mode & 07777) != *mode;
-  const bool modeKept = !otherMode || sys::ChangeMode(scratch.Get(), *mode) == 0;
+  // The system may leave setgid out without an error.
+  const bool modeKept =
+      !otherMode || (sys::ChangeMode(scratch.Get(), *mode) == 0 &&
+                     fstat(scratch.Get(), &made) == 0 && (made.st_mode & 07777) == *mode);
   sys::Check(sys::Sync(scratch.Get()), target);
   sys::Check(scratch.Close(), target);
   if (!modeKept) return false;
@@ -134,13 +144,12 @@ bool ReplaceByRename(ScratchFile& scratch, const String& target, std::optional<m
 // How a file can be given new content.
 class Replacement {
  public:
-  // Opens what is there.
-  explicit Replacement(const String& path) : target_(Resolve(path)) {
+  // Opens what is there, or makes a file that is no more open to others than the model.
+  explicit Replacement(const String& path, const String& model) : target_(Resolve(path)) {
     const String folder = FolderOf(target_);
     if (sys::Stat(target_, status_) < 0) {
       if (errno != ENOENT) sys::Throw(target_);
-      // The system gives this mode the folder's or the user's restrictions.
-      sys::Check(scratch_.Make(folder, kScratchPrefix, 0666), target_);
+      MakeScratchLike(model, folder);
       return;
     }
     // Opened first: a rename would pass over a missing permission to write.
@@ -161,13 +170,27 @@ class Replacement {
     std::optional<mode_t> mode;
     if (old_) mode = status_.st_mode & 07777;
     if (!ReplaceByRename(scratch_, target_, mode, [&] { write(scratch_); }))
-      RewriteInPlace(old_, target_, ContentOf(scratch_.File(), target_));
+      RewriteInPlace(old_, status_.st_mode, target_, ContentOf(scratch_.File(), target_));
   }
-  void Rewrite(const Producer& produce) { RewriteInPlace(old_, target_, produce); }
+  void Rewrite(const Producer& produce) { RewriteInPlace(old_, status_.st_mode, target_, produce); }
   const String& Target() const { return target_; }
 
  private:
-  static constexpr StringView kScratchPrefix = u".wordflurn-";
+  void MakeScratchLike(const String& model, const String& folder) {
+    // The system gives this mode the folder's or the user's restrictions.
+    mode_t mode = 0666;
+    struct stat like, made;
+    const bool isModelled = !model.empty() && sys::Stat(model, like) == 0;
+    if (isModelled) mode &= like.st_mode | S_IRUSR | S_IWUSR;
+    sys::Check(scratch_.Make(folder, kScratchPrefix, mode), target_);
+    if (!isModelled) return;
+    // What is for one group is not for another.
+    sys::Check(fstat(scratch_.Get(), &made), target_);
+    const mode_t group = (made.st_mode & S_IRWXO) << 3;
+    if (made.st_gid != like.st_gid)
+      sys::Check(sys::ChangeMode(scratch_.Get(), made.st_mode & 07777 & (group | ~mode_t{S_IRWXG})),
+                 target_);
+  }
 
   String target_;
   struct stat status_ = {};
@@ -188,14 +211,27 @@ WorkFile MakeContent(const String& folder) try {
 
 void SetSpareFolder(const String& folder) { spareFolder = folder; }
 
-void SafeSave(const String& path, const Producer& produce) {
-  Replacement file(path);
+std::vector<String> LeftoversBeside(const String& path) try {
+  const String file = Resolve(path);
+  std::vector<String> left;
+  const String copies = CopyPrefix(file);
+  SortLeftovers(file, FolderOf(file), {String(kScratchPrefix), copies}, left);
+  if (!spareFolder.empty() && spareFolder != FolderOf(file))
+    SortLeftovers(file, spareFolder, {copies}, left);
+  return left;
+} catch (const RuntimeError&) {
+  return {};
+}
+
+void SafeSave(const String& path, const Producer& produce, const String& model) {
+  Replacement file(path, model);
   if (!file.ByRename()) return file.Rewrite(produce);
   file.Rename([&](ScratchFile& scratch) { Write(scratch.File(), file.Target(), produce); });
 }
 
-void SafeReplace(const String& path, const std::function<void(OutputFile)>& write) {
-  Replacement file(path);
+void SafeReplace(const String& path, const std::function<void(OutputFile)>& write,
+                 const String& model) {
+  Replacement file(path, model);
   if (file.ByRename()) {
     return file.Rename(
         [&](ScratchFile& scratch) { write(OutputFile(scratch.File(), file.Target())); });
@@ -207,7 +243,7 @@ void SafeReplace(const String& path, const std::function<void(OutputFile)>& writ
 }
 
 bool SafeReplace(const String& path, const std::function<void(const String& scratch)>& write) {
-  Replacement file(path);
+  Replacement file(path, {});
   if (!file.ByRename()) return false;
   file.Rename([&](ScratchFile& scratch) { write(scratch.Path()); });
   return true;

@@ -1,11 +1,14 @@
 #pragma once
 // A new file with a name that nobody can guess.
 
+#include <optional>
 #include <sys/types.h>
 
 #include "platform/system/posix/sys.h"
+#include "platform/system/signals.h"
 
-// Deleted when the object goes, unless it is left.
+// Deleted when the object goes or a signal ends the program, unless it is left. Locked as long as
+// the object lives, by which other processes know that it is in use.
 class ScratchFile {
  public:
   ScratchFile() = default;
@@ -25,12 +28,19 @@ class ScratchFile {
     return sys::LetGo(last);
   }
   // From now on the file stays.
-  void Leave() { path_.clear(); }
+  void Leave() { removed_.reset(); }
 
  private:
   sys::SharedDescriptor descriptor_;
   String path_;
+  // There as long as the file has to go.
+  std::optional<RemovedOnSignal> removed_;
 };
+
+// In front of the digits: of new content, and of the copies of a file that is rewritten in place.
+inline constexpr StringView kScratchPrefix = u".wordflurn-";
+String CopyPrefix(const String& path);
+inline constexpr std::size_t kScratchDigits = 16;
 
 // A new file for this user alone, for reading and writing, without a name. Null and errno on a
 // failure.
