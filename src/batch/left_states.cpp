@@ -32,8 +32,7 @@ void TakeEntry(std::string_view line, LeftStates& states) {
         !TakeNumber(line, state->Checksum, 16))
       return;
   }
-  const std::size_t order = states.ByPath.size();
-  states.ByPath.insert_or_assign(FromUtf8(line), LeftStates::Entry{state, order});
+  states.ByPath.insert_or_assign(FromUtf8(line), LeftStates::Entry{state, states.Count++});
 }
 
 std::uint64_t ChecksumOf(const String& path) {

@@ -48,6 +48,7 @@ struct LeftStates {
 
   // Whether the run has kept any.
   bool Kept = false;
+  std::size_t Count = 0;
   // By the path in the history; the last entry of a path counts.
   std::unordered_map<String, Entry> ByPath;
 };

@@ -19,6 +19,8 @@ using Kind = enum HistoryRecord::Kind;
 // What is done to one file, under whichever names it stands in the history.
 struct Step {
   const HistoryRecord* First = nullptr;
+  // Its path without detours, which may lead through folders that have gone.
+  String Path;
   bool Selected = false;
   // What the run has left, if it has told.
   const LeftStates::Entry* Left = nullptr;
@@ -85,10 +87,11 @@ class Undo {
   void AddRecord(const HistoryRecord& record) {
     Step found;
     found.First = &record;
+    found.Path = AbsolutePath(record.Path);
     found.Selected = order_.Selected && order_.Selected->contains(record.Path);
     if (const auto left = left_.ByPath.find(record.Path); left != left_.ByPath.end())
       found.Left = &left->second;
-    const auto [place, isNew] = byKey_.try_emplace(KeyOf(record.Path), steps_.size());
+    const auto [place, isNew] = byKey_.try_emplace(KeyOf(found.Path), steps_.size());
     if (isNew) {
       steps_.push_back(found);
       return;
@@ -128,7 +131,7 @@ class Undo {
   // Finds out what there is to do.
   void Look(Step& step) {
     const String backup = BackupOf(step);
-    const String& path = step.First->Path;
+    const String& path = step.Path;
     const EntryKind kind = KindOf(path);
     if (kind == EntryKind::None || (kind == EntryKind::Link && !FileExists(path))) {
       // A backup has yet to come back; a file to remove has gone.
@@ -142,7 +145,7 @@ class Undo {
   }
 
   void Carry(Step& step) {
-    const String& path = step.First->Path;
+    const String& path = step.Path;
     if (step.Done) return Count(step);
     if (step.Keep) KeepCopy(path);
     if (step.First->Kind == Kind::Removal)

@@ -88,7 +88,11 @@ String ResolvedPath(const String& path) {
 
 String FileKey(const String& path) {
   struct stat status;
-  if (sys::Stat(path, status) < 0) return ResolvedPath(path);
+  if (sys::Stat(path, status) < 0) {
+    // What stands in front of a ".." may have gone.
+    const String resolved = ResolvedPath(path);
+    if (sys::Stat(resolved, status) < 0) return resolved;
+  }
   return Str(static_cast<long long>(status.st_dev)) + u":" +
          Str(static_cast<long long>(status.st_ino));
 }
