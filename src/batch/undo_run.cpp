@@ -208,23 +208,19 @@ UndoOutcome UndoRun(const String& folder, const UndoOrder& order) {
   return Undo(folder, order).Run();
 }
 
-String FirstLines(const std::vector<String>& lines) {
-  constexpr std::size_t kMost = 10;
+String FirstLines(const std::vector<String>& lines, std::size_t most) {
   String text;
-  for (std::size_t i = 0; i < std::min(kMost, lines.size()); ++i)
+  for (std::size_t i = 0; i < std::min(most, lines.size()); ++i)
     text.append(kCrLf).append(lines[i]);
-  if (lines.size() > kMost)
-    text.append(kCrLf)
-        .append(u"and ")
-        .append(Str(static_cast<long long>(lines.size() - kMost)))
-        .append(u" more");
+  if (lines.size() > most)
+    text += String(kCrLf) + u"and " + Str(static_cast<long long>(lines.size() - most)) + u" more";
   return text;
 }
 
-String UndoReport(const UndoOutcome& outcome, bool selectedOnly) {
+String UndoReport(const UndoOutcome& outcome, bool selectedOnly, std::size_t mostNamed) {
   String text;
   if (!outcome.Failures.empty()) {
-    text.append(kRestoreFailed).append(FirstLines(outcome.Failures));
+    text.append(kRestoreFailed).append(FirstLines(outcome.Failures, mostNamed));
   } else if (outcome.BadRecord) {
     text = kBadBackupFile;
   } else if (!outcome.Left.empty()) {
@@ -245,6 +241,6 @@ String UndoReport(const UndoOutcome& outcome, bool selectedOnly) {
   if (!outcome.Left.empty())
     text.append(kCrLf)
         .append(u"Left as they are, because they were changed after the Multiple File Flurn:")
-        .append(FirstLines(outcome.Left));
+        .append(FirstLines(outcome.Left, mostNamed));
   return text;
 }

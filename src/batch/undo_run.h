@@ -47,10 +47,13 @@ struct UndoOutcome {
 // RuntimeError when the history can't be read.
 UndoOutcome UndoRun(const String& folder, const UndoOrder& order);
 
+// So many files are named to a person.
+inline constexpr std::size_t kMostNamed = 10;
 // The one message about an undo.
-String UndoReport(const UndoOutcome& outcome, bool selectedOnly);
-// The first ten lines, each behind CR LF, and how many more there are.
-String FirstLines(const std::vector<String>& lines);
+String UndoReport(const UndoOutcome& outcome, bool selectedOnly,
+                  std::size_t mostNamed = kMostNamed);
+// The first lines, each behind CR LF, and how many more there are.
+String FirstLines(const std::vector<String>& lines, std::size_t most = kMostNamed);
 
 inline constexpr StringView kBadBackupFile = u"Error with backup file encountered.";
 inline constexpr StringView kRestoreFailed =

@@ -9,9 +9,11 @@
 inline constexpr int kHelpContents = 1002;
 inline constexpr int kHelpKeys = 1004;
 inline constexpr int kHelpCommandLine = 1005;
+inline constexpr int kHelpBatch = 1008;
 inline constexpr int kHelpRunProgram = 1011;
 inline constexpr int kHelpHtml = 1028;
 inline constexpr int kHelpSearchReplace = 1030;
+inline constexpr int kHelpBatchUndo = 1034;
 
 struct HelpTopic {
   int Number;

@@ -4,7 +4,6 @@
 
 #include "editor/browse_folders.h"
 #include "editor/help_topics.h"
-#include "editor/working2.h"
 #include "editor/working_run.h"
 #include "platform/console/console_window_system.h"
 #include "platform/system/files.h"
@@ -87,20 +86,6 @@ TEST(WorkingRun, ShowsForLongTextsOnly) {
       EXPECT_EQ(windows.EventTurns, shown ? 1 : 0);
     }
     EXPECT_FALSE(messages.Working.Visible);
-  }
-}
-
-TEST(Working2, CancelByButtonAndFrame) {
-  ScriptedWindowSystem windows;
-  Working2 working(windows);
-  for (const auto& act :
-       {+[](Working2& w) { w.Command1.Click(); }, +[](Working2& w) { w.CloseByFrame(); }}) {
-    working.Show();
-    EXPECT_FALSE(working.CancelClicked);
-    act(working);
-    EXPECT_TRUE(working.CancelClicked);
-    EXPECT_TRUE(working.Visible);
-    working.Unload();
   }
 }
 

@@ -30,6 +30,8 @@ class Form {
   // Menus of a main window.
   virtual std::vector<MenuItem*> Menus() { return {}; }
 
+  // Prepares the window without showing it, unless that was done already.
+  void LoadOnce();
   // Shows the window and returns at once.
   void Show();
   // Shows the window and returns when it is hidden or unloaded; other windows wait meanwhile.
@@ -70,8 +72,6 @@ class Form {
   WindowSystem& Windows() { return windows_; }
 
  private:
-  void LoadOnce();
-
   WindowSystem& windows_;
   bool loaded_ = false;
 };

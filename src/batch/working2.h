@@ -9,6 +9,9 @@ class Working2 : public Form {
   Layout Content() override;
   void CloseByFrame() override { Command1.Click(); }
 
+  // That the batch works on file `file` of `of`, counted from 1.
+  void ShowFile(std::size_t file, std::size_t of);
+
   // The user wants the batch to stop; the batch reads it between files.
   bool CancelClicked = false;
 
@@ -16,8 +19,14 @@ class Working2 : public Form {
   Label Label2;
   // What the batch is doing.
   Label Label3;
+  // How far it is.
+  Label Label4;
+  ProgressBar Progress;
   CommandButton Command1;
 
  protected:
-  void Load() override { CancelClicked = false; }
+  void Load() override;
 };
+
+// "file 37 of 5,000"
+String FileOf(std::size_t file, std::size_t of);
