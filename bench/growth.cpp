@@ -8,7 +8,7 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <iostream>
+#include <stdlib.h>
 
 #include "platform/console/console_window_system.h"
 #include "platform/system/memory.h"
@@ -159,8 +159,11 @@ double Seconds(const Case& c, std::size_t size) {
 int main(int argc, char** argv) {
   KeepFreedMemory();
   namespace fs = std::filesystem;
-  const fs::path folder = fs::temp_directory_path() / "wordflurn-growth";
-  fs::create_directories(folder);
+  std::string folder = (fs::temp_directory_path() / "wordflurn-growth-XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) {
+    std::perror(folder.c_str());
+    return 1;
+  }
   fs::current_path(folder);
   const std::string_view wanted = argc > 1 ? argv[1] : "";
   for (const Case& c : kCases) {
@@ -174,6 +177,6 @@ int main(int argc, char** argv) {
     }
     std::fflush(stdout);
   }
-  fs::current_path(folder.parent_path());
+  fs::current_path("/");
   fs::remove_all(folder);
 }

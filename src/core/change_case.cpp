@@ -145,6 +145,11 @@ void ChangeCase::WireTools() {
       RunTool(*tool);
     };
   }
+  for (MenuItem* choice : Status.Choices()) {
+    choice->OnClick = [this, choose = std::move(choice->OnClick)] {
+      if (!RefusedWhileToolRuns()) choose();
+    };
+  }
 }
 
 void ChangeCase::Do(void (*run)(ChangeCase&), const Command& command) {

@@ -29,8 +29,10 @@ String Number(std::size_t number) { return Str(static_cast<long long>(number)); 
 
 }  // namespace
 
-StatusLine::StatusLine(const SharedFields& fields, const RichTextBox& editor, Document& document)
-    : fields_(fields), editor_(editor) {
+StatusLine::StatusLine(const SharedFields& fields, RichTextBox& editor, Document& document)
+    : fields_(fields), editor_(editor), lockedChange_(editor.Locked.Observe([this] {
+        for (MenuItem* item : Choices()) item->Enabled = !editor_.Locked;
+      })) {
   Bar.Panels = {&Position, &Selected, &EncodingPanel, &LineEndsPanel};
   Position.ToolTipText = u"Line and column of the caret";
   Selected.ToolTipText = u"Selected characters";
@@ -55,6 +57,12 @@ StatusLine::StatusLine(const SharedFields& fields, const RichTextBox& editor, Do
     item.OnClick = [&document, choice] { document.ChooseLineEnds(choice.LineEnds); };
     LineEndsPanel.Choices.push_back(&item);
   }
+}
+
+std::vector<MenuItem*> StatusLine::Choices() {
+  std::vector<MenuItem*> choices = EncodingPanel.Choices;
+  choices.insert(choices.end(), LineEndsPanel.Choices.begin(), LineEndsPanel.Choices.end());
+  return choices;
 }
 
 void StatusLine::ShowCaret() {

@@ -10,10 +10,12 @@
 
 class StatusLine {
  public:
-  StatusLine(const SharedFields& fields, const RichTextBox& editor, Document& document);
+  StatusLine(const SharedFields& fields, RichTextBox& editor, Document& document);
 
   void ShowCaret();
   void ShowFormat();
+  // All choices of the panels. None can be made on locked text.
+  std::vector<MenuItem*> Choices();
 
   StatusBar Bar;
   StatusPanel Position;
@@ -27,4 +29,5 @@ class StatusLine {
  private:
   const SharedFields& fields_;
   const RichTextBox& editor_;
+  Signal::Subscription lockedChange_;
 };
