@@ -50,7 +50,9 @@ void KeptPlace::Restore() const {
   TextPlace caret = caret_;
   std::size_t top = firstVisibleLine_;
   if (before != now) {
-    const double ratio = static_cast<double>(now) / static_cast<double>(before);
+    // So that the last line stays the last.
+    const double ratio =
+        static_cast<double>(now - 1) / static_cast<double>(std::max<std::size_t>(before - 1, 1));
     caret = {.Line = 1 + Scaled(caret.Line - 1, ratio), .Column = 1};
     top = Scaled(top, ratio);
   }

@@ -2,6 +2,8 @@
 
 #include "editor/document.h"
 
+#include <filesystem>
+
 #include "support/app_fixture.h"
 
 namespace {
@@ -120,65 +122,6 @@ TEST_F(DocumentTest, EveryRoadOutAsksAboutChanges) {
   }
 }
 
-TEST_F(DocumentTest, TextStaysWhenTheWantedSaveDoesNotHappen) {
-  Start();
-  Type(u"only copy");
-  Windows.Answers = {Answer::Yes};
-  Windows.ChosenFile.reset();  // Cancel in the Save As dialog
-  App().Menu.NewMenu.Click();
-  EXPECT_EQ(App().RichTextBox1.Text(), u"only copy");
-
-  Windows.Answers = {Answer::Yes};
-  Windows.ChosenFile = Files / u"no such folder/f.txt";
-  App().CloseByFrame();
-  EXPECT_FALSE(Windows.QuitStatus);
-  EXPECT_EQ(App().RichTextBox1.Text(), u"only copy");
-  EXPECT_EQ(Windows.Notices, std::vector{String(kSaveError)});
-  EXPECT_FALSE(App().Fields.FileSaved);
-}
-
-TEST_F(DocumentTest, ReadOnlyFileIsSavedUnderAnotherName) {
-  const String question =
-      u"This file is a read-only file and cannot be saved to the same file.  Would you like to "
-      u"save to a different file name?";
-  const String file = Files.Put(u"f.txt", "old");
-  SetReadOnly(file, true);
-  for (const Answer answer : {Answer::No, Answer::Cancel, Answer::Yes}) {
-    Start();
-    Open(file);
-    Type(u"new ");
-    Windows.Answers = {answer};
-    Windows.Questions.clear();
-    Windows.ChosenFile = Files / u"g.txt";
-    App().Menu.SaveMenu.Click();
-    EXPECT_EQ(Windows.Questions, std::vector{question});
-    EXPECT_EQ(BytesOf(file), "old");
-    const bool saved = answer == Answer::Yes;
-    EXPECT_EQ(FileExists(Files / u"g.txt"), saved);
-    EXPECT_EQ(App().Caption.Get(),
-              saved ? u"WordFlurn 2.0 - g.txt" : u"WordFlurn 2.0 (read-only) - f.txt");
-    EXPECT_EQ(App().Fields.FileSaved, saved);
-    EXPECT_EQ(App().Fields.ReadOnlyFile, !saved);
-  }
-  EXPECT_EQ(BytesOf(Files / u"g.txt"), "new old");
-}
-
-TEST_F(DocumentTest, FailedOpenLeavesTheDocumentAndItsFile) {
-  Start();
-  const String file = Files.Put(u"f.txt", "old");
-  Open(file);
-  Type(u"new ");
-  for (const StringView bad : {u"missing.txt", u""}) {  // "" is the folder itself
-    Windows.Answers = {Answer::No};
-    Open(Files / bad);
-    EXPECT_EQ(App().RichTextBox1.Text(), u"new old");
-    EXPECT_FALSE(App().Status.Bar.Message.Get().empty());
-  }
-  EXPECT_TRUE(Windows.Notices.empty());
-  App().Menu.SaveMenu.Click();
-  EXPECT_EQ(BytesOf(file), "new old");
-}
-
 TEST_F(DocumentTest, CommandLineNamesShowThePath) {
   const String file = Files.Put(u"my notes.txt", "abc");
   Start(file + u" /eof /NoSplash");
@@ -201,16 +144,141 @@ TEST_F(DocumentTest, CommandLineNamesShowThePath) {
   EXPECT_FALSE(App().Fields.HasFileName);
 }
 
-TEST_F(DocumentTest, DroppedFileOpensAfterThePrompt) {
-  Start();
-  Type(u"mine");
-  Windows.Answers = {Answer::Cancel, Answer::No};
-  const String file = Files.Put(u"f.txt", "theirs");
-  App().DropFiles({file});
-  EXPECT_EQ(App().RichTextBox1.Text(), u"mine");
-  App().DropFiles({file});
-  EXPECT_EQ(App().RichTextBox1.Text(), u"theirs");
-  EXPECT_EQ(App().Caption.Get(), u"WordFlurn 2.0 - f.txt");
+// From a file "old" that is open with "new " typed in front: what the user wants kept is kept, and
+// a save goes to the file that the text belongs to.
+TEST_F(DocumentTest, NothingIsLost) {
+  const String f = Files / u"f.txt", g = Files / u"g.txt", nowhere = Files / u"none/g.txt";
+  const auto readOnly = [&](Answer answer, const String& chosen) {
+    SetReadOnly(f, true);
+    Windows.Answers = {Answer::No};
+    Open(f);
+    Type(u"new ");
+    Windows.Answers = {answer};
+    Windows.ChosenFile = chosen;
+    App().Menu.SaveMenu.Click();
+    SetReadOnly(f, false);
+  };
+  const struct {
+    const char* Name;
+    std::function<void(ChangeCase&)> Act;
+    StringView Text, Title;
+    std::string InF, InG;
+    bool Saved;
+    bool ToldOfFailure = false;
+    bool Left = false;
+  } cases[] = {
+      {"saved", [](auto& app) { app.Menu.SaveMenu.Click(); }, u"new old", u" - f.txt", "new old",
+       "", true},
+      {"new text; the wanted Save As cancelled",
+       [&](auto& app) {
+         Windows.Answers = {Answer::No, Answer::Yes};
+         app.Menu.NewMenu.Click();
+         Type(u"only copy");
+         Windows.ChosenFile.reset();
+         app.Menu.NewMenu.Click();
+       },
+       u"only copy", u"Untitled", "old", "", false},
+      {"exit; the wanted save fails",
+       [&](auto& app) {
+         DeleteFile(f);
+         MakeFolder(f, 0700);
+         Windows.Answers = {Answer::Yes};
+         app.CloseByFrame();
+         std::filesystem::remove(ToUtf8(f));
+       },
+       u"new old", u" - f.txt", "", "", false, true},
+      {"read-only, another name refused", [&](auto&) { readOnly(Answer::No, g); }, u"new old",
+       u" (read-only) - f.txt", "old", "", false},
+      {"read-only, cancelled", [&](auto&) { readOnly(Answer::Cancel, g); }, u"new old",
+       u" (read-only) - f.txt", "old", "", false},
+      {"read-only, another name", [&](auto&) { readOnly(Answer::Yes, g); }, u"new old", u" - g.txt",
+       "old", "new old", true},
+      {"open fails, then save",
+       [&](auto& app) {
+         for (const String& bad : {nowhere, Files.Path()}) {
+           Windows.Answers = {Answer::No};
+           Open(bad);
+           EXPECT_FALSE(app.Status.Bar.Message.Get().empty());
+         }
+         app.Menu.SaveMenu.Click();
+       },
+       u"new old", u" - f.txt", "new old", "", true},
+      {"Save As fails, then save",
+       [&](auto& app) {
+         Windows.ChosenFile = nowhere;
+         app.Menu.SaveAsMenu.Click();
+         app.Menu.SaveMenu.Click();
+       },
+       u"new old", u" - f.txt", "new old", "", true, true},
+      {"saved, Save As cancelled, exit without a question",
+       [&](auto& app) {
+         app.Menu.SaveMenu.Click();
+         Windows.ChosenFile.reset();
+         app.Menu.SaveAsMenu.Click();
+         app.CloseByFrame();
+       },
+       u"new old", u" - f.txt", "new old", "", true, false, true},
+      {"new, saved twice, another format, exit",
+       [&](auto& app) {
+         Windows.Answers = {Answer::No, Answer::Yes};
+         app.Menu.NewMenu.Click();
+         Type(u"a\r\nb");
+         Windows.ChosenFile = g;
+         app.Menu.SaveMenu.Click();
+         app.Menu.SaveMenu.Click();
+         app.Status.LineEndsChoices[1].Click();
+         EXPECT_FALSE(app.Fields.FileSaved);
+         app.CloseByFrame();
+       },
+       u"a\r\nb", u" - g.txt", "old", "a\nb", true, false, true},
+      {"bare returns",
+       [&](auto& app) {
+         Windows.Answers = {Answer::No};
+         Open(Files.Put(u"f.txt", "a\rb\nc\rd"));
+         Type(u"!");
+         app.Menu.SaveMenu.Click();
+       },
+       u"!a\r\nb\nc\r\nd", u" - f.txt", "!a\r\nb\nc\r\nd", "", true},
+      {"a file dropped, first refused",
+       [&](auto& app) {
+         Windows.Answers = {Answer::Cancel, Answer::No};
+         Files.Put(u"g.txt", "theirs");
+         app.DropFiles({g});
+         EXPECT_EQ(app.RichTextBox1.Text(), u"new old");
+         app.DropFiles({g, f});
+       },
+       u"theirs", u" - g.txt", "old", "theirs", false},
+      // What could not be opened is there nevertheless, and a save must not replace it.
+      {"a new file over a folder",
+       [&](auto&) {
+         MakeFolder(Files / u"folder", 0700);
+         Start(Files / u"folder");
+         EXPECT_FALSE(App().Status.Bar.Message.Get().empty());
+         Type(u"x");
+         Windows.Answers = {Answer::Yes};
+         Windows.ChosenFile = g;
+         App().Menu.SaveMenu.Click();
+       },
+       u"x", u" - g.txt", "old", "x", true},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    DeleteFileQuietly(g);
+    Windows.QuitStatus.reset();
+    Windows.Notices.clear();
+    Start();
+    Open(Files.Put(u"f.txt", "old"));
+    Type(u"new ");
+    c.Act(App());
+    EXPECT_EQ(App().RichTextBox1.Text(), c.Text);
+    EXPECT_TRUE(Contains(App().Caption.Get(), c.Title)) << ToUtf8(App().Caption.Get());
+    EXPECT_EQ(FileExists(f) ? BytesOf(f) : "", c.InF);
+    EXPECT_EQ(FileExists(g) ? BytesOf(g) : "", c.InG);
+    EXPECT_EQ(App().Fields.FileSaved, c.Saved);
+    EXPECT_EQ(Windows.Notices, std::vector(c.ToldOfFailure ? 1 : 0, String(kSaveError)));
+    EXPECT_EQ(Windows.QuitStatus.has_value(), c.Left);
+    EXPECT_TRUE(Windows.Answers.empty());
+  }
 }
 
 // The status bar's choices decide what the next save writes.
@@ -252,41 +320,6 @@ TEST_F(DocumentTest, EncodingAndLineEndsAreWhatTheUserChose) {
     EXPECT_EQ(BytesOf(file), c.After);
     EXPECT_EQ(status.EncodingPanel.Text.Get() + u" " + status.LineEndsPanel.Text.Get(), c.Status);
   }
-}
-
-TEST_F(DocumentTest, BareReturnsBecomeWholeLineEndsOnceTheTextChanged) {
-  Start();
-  const String file = Files.Put(u"f.txt", "a\rb\nc\rd");
-  Open(file);
-  Type(u"!");
-  App().Menu.SaveMenu.Click();
-  EXPECT_EQ(BytesOf(file), "!a\r\nb\nc\r\nd");
-}
-
-// What could not be opened is there nevertheless, and a save must not replace it.
-TEST_F(DocumentTest, NewFileOverSomethingUnreadableAsksForAnotherName) {
-  MakeFolder(Files / u"folder", 0700);
-  Start(Files / u"folder");
-  EXPECT_EQ(App().Caption.Get(), u"WordFlurn 2.0 - NEW FILE in " + Files / u"folder");
-  EXPECT_FALSE(App().Status.Bar.Message.Get().empty());
-  Type(u"x");
-  Windows.Answers = {Answer::Yes};
-  Windows.ChosenFile = Files / u"other.txt";
-  App().Menu.SaveMenu.Click();
-  EXPECT_EQ(Windows.Questions.size(), 1u);
-  EXPECT_EQ(BytesOf(Files / u"other.txt"), "x");
-}
-
-TEST_F(DocumentTest, FailedSaveAsLeavesTheDocumentWithItsFile) {
-  Start();
-  const String file = Files.Put(u"f.txt", "old");
-  Open(file);
-  Type(u"new ");
-  Windows.ChosenFile = Files / u"no such folder/g.txt";
-  App().Menu.SaveAsMenu.Click();
-  EXPECT_EQ(Windows.Notices, std::vector{String(kSaveError)});
-  App().Menu.SaveMenu.Click();
-  EXPECT_EQ(BytesOf(file), "new old");
 }
 
 TEST_F(DocumentTest, EncryptedFileIsNotRelockedUnderTheDocument) {
