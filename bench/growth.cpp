@@ -14,6 +14,7 @@
 #include "platform/system/memory.h"
 #include "state/data_files.h"
 #include "tools/catalogue.h"
+#include "tools/file_run.h"
 
 namespace {
 
@@ -139,13 +140,13 @@ double SecondsOnce(const Case& c, std::size_t size) {
   tools.SearchReplaceForm.Check3.Value = c.With.MatchCase ? 1 : 0;
   SharedFields fields;
   SetDataPaths(fields, u".", u".");
-  fields.BatchMode = true;
   WriteWorkFile(u"growth.txt", c.Make(size));
-  fields.InputFileNum = std::make_unique<TextReader>(u"growth.txt");
+  FileRun run(u"growth.txt", u".");
   const auto editor = windows.CreateRichTextBox();
-  ToolContext context{fields, *editor, messages, windows, tools};
+  ToolContext context{fields, *editor, messages, windows, tools, &run};
   const auto start = std::chrono::steady_clock::now();
-  FindTool(c.Tool)->Run(context);
+  const Tool& tool = *FindTool(c.Tool);
+  tool.Run(context, SettingsInWindow(tool, tools));
   const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
   return time.count();
 }

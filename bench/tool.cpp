@@ -13,6 +13,7 @@
 #include "platform/system/memory.h"
 #include "state/data_files.h"
 #include "tools/catalogue.h"
+#include "tools/file_run.h"
 
 namespace {
 
@@ -22,9 +23,8 @@ void Run(const std::vector<String>& arguments) {
   ToolState tools(windows, messages);
   SharedFields fields;
   SetDataPaths(fields, u".", u".");
-  fields.BatchMode = true;
-  fields.InputFileNum = std::make_unique<TextReader>(arguments[1]);
-  fields.TempFile1 = arguments[2];
+  FileRun run(arguments[1], u".");
+  run.SendTo(OutputFile(arguments[2]));
   if (arguments.size() == 4) tools.AddCarriageForm.Text1.Text = arguments[3];
   if (arguments.size() == 5) {
     tools.SearchReplaceForm.Text1.Text = arguments[3];
@@ -32,10 +32,10 @@ void Run(const std::vector<String>& arguments) {
     tools.SearchReplaceForm.Check3.Value = 1;
   }
   const auto editor = windows.CreateRichTextBox();
-  ToolContext context{fields, *editor, messages, windows, tools};
+  ToolContext context{fields, *editor, messages, windows, tools, &run};
   const Tool* tool = FindTool(arguments[0]);
   if (tool == nullptr) throw std::runtime_error("no such tool");
-  tool->Run(context);
+  tool->Run(context, SettingsInWindow(*tool, tools));
 }
 
 }  // namespace

@@ -236,7 +236,9 @@ void ChangeCase::ShowHelp() {
   Messages.HelpWindow.Show();
 }
 
-void ChangeCase::RunTool(const Tool& tool) { RunAsOneStep(tool.Click ? tool.Click : tool.Run); }
+void ChangeCase::RunTool(const Tool& tool) {
+  RunAsOneStep([&tool](ToolContext& context) { RunFromMenu(context, tool); });
+}
 
 void ChangeCase::RunAsOneStep(const std::function<void(ToolContext&)>& run) {
   const ScopedValue running(toolRuns_, true);
@@ -258,7 +260,10 @@ void ChangeCase::RunAsOneStep(const std::function<void(ToolContext&)>& run) {
 
 void ChangeCase::RunCustomToolAsOneStep(int number) {
   if (IsBlank(*RichTextBox1.SharedText())) return;
-  RunAsOneStep([this, number](ToolContext&) { RunCustomTool(number); });
+  RunAsOneStep([this, number](ToolContext&) {
+    if (const CustomToolResult result = RunCustomTool(number); !result.Cause.empty())
+      Messages.Notice(result.Cause);
+  });
   Document.CheckSetLock();
 }
 

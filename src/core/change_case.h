@@ -36,7 +36,7 @@ class ChangeCase : public Form {
   void RunCustomToolAsOneStep(int number);
   void RunFromToolBar(const std::function<void()>& run);
 
-  bool RunCustomTool(int number) { return session_.RunCustomTool(number); }
+  CustomToolResult RunCustomTool(int number) { return session_.RunCustomTool(number); }
   ToolContext Context() { return session_.Context(); }
 
  private:

@@ -36,8 +36,8 @@ void Session::ReadCustomTools() {
   Fields.CustomToolCount = list.Count;
 }
 
-bool Session::RunCustomTool(int number) {
-  if (!CustomToolNames.contains(number)) return true;
+CustomToolResult Session::RunCustomTool(int number) {
+  if (!CustomToolNames.contains(number)) return {};
   ToolContext context = Context();
   return CustomTools.Run(context, number);
 }

@@ -24,8 +24,7 @@ class Session : private DocumentHost {
 
   ToolContext Context();
   // Runs a custom tool by its number, 1 to kMostCustomTools; one that is not there does nothing.
-  // Whether it came to its end.
-  bool RunCustomTool(int number);
+  CustomToolResult RunCustomTool(int number);
   void ReadCustomTools();
   // Puts the options' fonts and folders back after the text was replaced.
   void ApplyOptions() override;

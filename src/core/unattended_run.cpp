@@ -26,7 +26,7 @@ int CleanClipboard(Session& session) {
     throw RuntimeError(kEncryptedFile, "The text on the clipboard is encrypted");
   ToolContext context = session.Context();
   const bool standard = HasSwitch(session.Fields.CommandLine, Word::EmailStd);
-  FindTool(standard ? kEmailStandard : kEmailPoem)->Click(context);
+  FindTool(standard ? kEmailStandard : kEmailPoem)->Run(context, {});
   if (session.Messages.NoticeCount() > 0) return 1;
   clipboard.SetText(session.RichTextBox1.Text());
   session.Windows.DoEvents();
@@ -61,7 +61,7 @@ String TargetOf(const String& file, const SharedFields& fields, bool asHtml) {
 bool TryStreamed(Session& session, int number, const String& file, const String& target) {
   CustomTool tool;
   try {
-    ReadRecord(ReadDataFile(session.Fields.CustomToolFile), number, tool);
+    tool = ReadRecord(ReadDataFile(session.Fields.CustomToolFile), number);
   } catch (const RuntimeError&) {
     return false;
   }
@@ -95,15 +95,17 @@ int RunOnFile(Session& session) {
     throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
   }
   const std::string shownName = '"' + ToUtf8(name.substr(0, kShown)) + '"';
-  const int notices = session.Messages.NoticeCount();
   bool done = false;
   if (number == 0) {
     std::cerr << "wordflurn: there is no custom tool named " << shownName << '\n';
   } else {
-    done = session.RunCustomTool(number) && session.Messages.NoticeCount() == notices;
-    if (!done)
+    const CustomToolResult result = session.RunCustomTool(number);
+    done = result.Whole();
+    if (!done) {
       std::cerr << "wordflurn: " << ToUtf8(file) << ": not every step of " << shownName
-                << " could be done\n";
+                << " could be done" << (result.Cause.empty() ? "" : ": ") << ToUtf8(result.Cause)
+                << '\n';
+    }
   }
   session.RichTextBox1.SaveFile(target, fields.DocumentFormat);
   fields.FileSaved = true;

@@ -1,137 +1,122 @@
 #include "custom/custom_tool_runner.h"
 
+#include <algorithm>
+#include <map>
+
 #include "custom/custom_tool_record.h"
-#include "custom/settings_windows.h"
-#include "platform/system/files.h"
+#include "platform/system/text_file.h"
 #include "text/runtime_error.h"
-#include "text/scoped_value.h"
-#include "tools/catalogue.h"
-#include "tools/file_chain.h"
-#include "tools/selection.h"
-#include "tools/tool_frame.h"
+#include "tools/file_run.h"
+#include "tools/tool_chain.h"
 
 namespace {
 
-bool IsNoStep(StringView name) { return name.empty() || name == kNoTool; }
+// What the tools are set to, by kind: what their windows hold, until a step is set otherwise.
+class CurrentSettings {
+ public:
+  explicit CurrentSettings(ToolState& tools) : tools_(tools) {}
 
-// The setting that a step has wherever it has any.
-const String& Essential(const AddSettings& settings) { return settings.Position; }
-const String& Essential(const SearchReplaceSettings& settings) { return settings.SearchText; }
-const String& Essential(const HtmlSettings& settings) { return settings.HeaderFile; }
+  // For a step. One that is not set runs with what the one before it, or the window, had.
+  const ToolSettings& For(const ToolStep& step, const SettingKind& kind) {
+    ToolSettings& current = current_.try_emplace(&kind, kind.Form(tools_).Settings()).first->second;
+    // A program is never taken from elsewhere.
+    if (IsSet(step.Settings) || !kind.CanShow) current = step.Settings;
+    return current;
+  }
+
+ private:
+  ToolState& tools_;
+  std::map<const SettingKind*, ToolSettings> current_;
+};
+
+// Asks for the settings of a step, beginning with its own; the window then holds what it held.
+std::optional<ToolSettings> AskForStep(SettingsForm& form, const ToolSettings& settings,
+                                       const SharedFields& fields) {
+  const ToolSettings before = form.Settings();
+  form.Use(settings);
+  form.TakeDefaults(fields);
+  auto chosen = form.Ask();
+  form.Use(before);
+  return chosen;
+}
+
+void RunStep(ToolContext& context, const ToolStep& step, CurrentSettings& current) {
+  const Tool* tool = FindTool(step.Name);
+  if (tool == nullptr) return;
+  if (!tool->Settings) return tool->Run(context, {});
+  const ToolSettings& settings = current.For(step, *tool->Settings);
+  if (!step.ShowSettings || context.File != nullptr) return tool->Run(context, settings);
+  if (IsBlank(*context.RichTextBox1.SharedText())) return;
+  // A step that the user cancels does nothing.
+  if (const auto chosen = AskForStep(tool->Settings->Form(context.Tools), settings, context.Fields))
+    tool->Run(context, *chosen);
+}
 
 }  // namespace
 
-bool CustomToolRunner::Run(ToolContext& context, int number) {
-  if (!context.Fields.BatchMode) return RunOnEditor(context, number);
-  RunOnFile(context, number);
-  return true;
-}
-
-template <typename Work>
-void CustomToolRunner::ForEachKind(std::size_t step, ToolState& tools, Work work) {
-  Chosen& chosen = chosen_[static_cast<std::size_t>(ToolPass)];
-  work(kAddCarriageReturns, tool_.StepAdd[step], chosen.Add[step], tools.AddCarriageForm);
-  work(kSearchAndReplace, tool_.StepSearch[step], chosen.Search[step], tools.SearchReplaceForm);
-  work(kToHtml, tool_.StepHtml[step], chosen.Html[step], tools.HTML);
-}
-
-void CustomToolRunner::ClearShowSettings() {
-  const auto clear = [](auto& table) {
-    for (auto& row : table) row.ShowSettings = 0;
-  };
-  clear(tool_.StepAdd);
-  clear(tool_.StepSearch);
-  clear(tool_.StepHtml);
-}
-
-bool CustomToolRunner::RunOnEditor(ToolContext& context, int number) {
-  SharedFields& fields = context.Fields;
-  const auto text = context.RichTextBox1.SharedText();
-  ToolState& tools = context.Tools;
-  const KeptSettings kept(
-      {&tools.AddCarriageForm, &tools.SearchReplaceForm, &tools.HTML, &tools.RunProgramSettings});
-  const ScopedValue running(fields.CustomToolRunning, true);
-  bool done = true;
+CustomToolResult CustomToolRunner::Run(ToolContext& context, int number) {
+  CustomToolResult result;
+  std::vector<const ToolStep*> steps;
+  CustomTool tool;
   try {
-    ReadRecord(ReadDataFile(fields.CustomToolFile), number, tool_);
-    const ChainSelection selection(context);
-    for (std::size_t step = 1; step <= kMostSteps && !selection.IsGone(); ++step) {
-      FillWindows(context.Tools, step);
-      RunStep(context, step);
+    tool = ReadRecord(ReadDataFile(context.Fields.CustomToolFile), number);
+    for (const ToolStep& step : tool.Steps) {
+      if (FindTool(step.Name) != nullptr) steps.push_back(&step);
     }
-  } catch (const std::exception&) {
-    // What the steps before have done stays, and can be undone.
-    done = false;
+    ToolChain chain(context);
+    CurrentSettings current(context.Tools);
+    while (!steps.empty()) {
+      const ToolStep& step = *steps.front();
+      const int notices = context.Messages.NoticeCount();
+      RunStep(chain.Context(), step, current);
+      const bool done = context.Messages.NoticeCount() == notices;
+      (done ? result.Done : result.NotDone).push_back(step.Name);
+      steps.erase(steps.begin());
+      if (!chain.Next()) return result;
+    }
+  } catch (const std::exception& error) {
+    for (const ToolStep* step : steps) result.NotDone.push_back(step->Name);
+    result.Cause = FromUtf8(error.what());
   }
-  KeepForUndo(fields, *text);
-  return done;
+  return result;
 }
 
-void CustomToolRunner::RunOnFile(ToolContext& context, int number) {
-  SharedFields& fields = context.Fields;
-  // The other windows stay as the last step leaves them.
-  const KeptSettings kept({&context.Tools.RunProgramSettings});
-  DeleteFileQuietly(fields.TempFile1);
-  ReadRecord(ReadDataFile(fields.CustomToolFile), number, tool_);
-  const auto pass = static_cast<std::size_t>(ToolPass);
-  for (std::size_t step = 1; step <= kMostSteps; ++step) {
-    FillWindows(context.Tools, step);
-    if (PassSettingsPending[pass])
-      AskSettings(context.Tools, step);
-    else
-      UseChosen(context.Tools, step);
-    if (step == kMostSteps) PassSettingsPending[pass] = false;
-    RunStep(context, step);
-    const String& name = tool_.StepNames[step];
-    if (name == kFromHtml && RenameToTxt) RenameToTxt();
-    if (name == kToHtml && RenameToHtml) RenameToHtml();
-    if (step < kMostSteps && !IsNoStep(name) && FileExists(fields.TempFile1)) ChainStep(fields);
+void CustomToolRunner::RunOnFile(ToolContext& context, CustomToolPass& pass) {
+  if (std::exchange(pass.SettingsPending, false)) AskSettings(context.Tools, pass);
+  CurrentSettings current(context.Tools);
+  FileRun& run = *context.File;
+  bool made = false;
+  for (const ToolStep& step : pass.Tool.Steps) {
+    if (FindTool(step.Name) == nullptr) continue;
+    run.Next();
+    RunStep(context, step, current);
+    made = made || run.HasResult();
+    if (step.Name == kFromHtml && pass.RenameToTxt) pass.RenameToTxt();
+    if (step.Name == kToHtml && pass.RenameToHtml) pass.RenameToHtml();
   }
-  if (!FileExists(fields.TempFile1))
-    throw RuntimeError(kFileNotFound, "No step of the custom tool has made a result");
-}
-
-// A step that has no value of its own runs with what its window holds from before.
-void CustomToolRunner::FillWindows(ToolState& tools, std::size_t step) {
-  ForEachKind(step, tools, [](StringView, const auto& row, auto&, auto& window) {
-    if (!Essential(row).empty()) Put(row, window);
-  });
-  tools.RunProgramSettings.Text1.Text = tool_.StepRun[step].Program;
-  tools.RunProgramSettings.Text2.Text = tool_.StepRun[step].Arguments;
-}
-
-void CustomToolRunner::AskSettings(ToolState& tools, std::size_t step) {
-  bool anyShows = false;
-  for (std::size_t i = 1; i <= kMostSteps; ++i) {
-    ForEachKind(i, tools, [&anyShows](StringView, const auto& row, auto&, auto&) {
-      anyShows = anyShows || row.ShowSettings == 1;
-    });
+  if (!made) {
+    throw RuntimeError(kFileNotFound,
+                       ToUtf8(run.Path()) + ": no step of the custom tool has made a result");
   }
-  if (step == 1 && anyShows) {
-    CustShowWinNotice.ToolPass = ToolPass;
-    CustShowWinNotice.ShowModal();
+}
+
+void CustomToolRunner::AskSettings(ToolState& tools, CustomToolPass& pass) {
+  const auto shows = [](const ToolStep& step) { return step.ShowSettings; };
+  if (std::none_of(pass.Tool.Steps.begin(), pass.Tool.Steps.end(), shows)) return;
+  CustShowWinNotice.ToolPass = pass.Number;
+  CustShowWinNotice.ShowModal();
+  CurrentSettings current(tools);
+  for (ToolStep& step : pass.Tool.Steps) {
+    const Tool* tool = FindTool(step.Name);
+    if (tool == nullptr || !tool->Settings) continue;
+    const ToolSettings& settings = current.For(step, *tool->Settings);
+    if (!step.ShowSettings) continue;
+    SettingsForm& form = tool->Settings->Form(tools);
+    const ToolSettings before = form.Settings();
+    form.Use(settings);
+    form.ShowModal();
+    // What the window then holds is taken, whichever button was used.
+    step.Settings = form.Settings();
+    form.Use(before);
   }
-  // What the windows then hold is taken, whichever button was used.
-  ForEachKind(step, tools, [](StringView, const auto& row, auto& chosen, auto& window) {
-    if (row.ShowSettings != 1) return;
-    window.ShowModal();
-    chosen = SettingsIn(window);
-  });
-}
-
-void CustomToolRunner::UseChosen(ToolState& tools, std::size_t step) {
-  ForEachKind(step, tools, [](StringView, const auto& row, const auto& chosen, auto& window) {
-    if (row.ShowSettings == 1) Put(chosen, window);
-  });
-}
-
-void CustomToolRunner::RunStep(ToolContext& context, std::size_t step) {
-  const String& name = tool_.StepNames[step];
-  const Tool* tool = FindTool(name);
-  if (tool == nullptr) return;
-  bool asks = false;
-  ForEachKind(step, context.Tools, [&](StringView stepName, const auto& row, auto&, auto&) {
-    asks = asks || (name == stepName && row.ShowSettings == 1 && !context.Fields.BatchMode);
-  });
-  (asks ? tool->Click : tool->Run)(context);
 }

@@ -45,6 +45,7 @@ String FindAppFolder() {
 
 void SetDataPaths(SharedFields& fields, const String& appFolder, const String& workFolder) {
   fields.AppFolder = appFolder;
+  fields.WorkFolder = workFolder;
   for (const DataFile& file : kTemporary) fields.*file.Path = JoinPath(workFolder, file.Name);
   for (const DataFile& file : kLasting) fields.*file.Path = JoinPath(appFolder, file.Name);
 }

@@ -9,6 +9,8 @@
 struct SharedFields {
   // Where the program's data lives.
   String AppFolder;
+  // Where this process keeps its temporary files.
+  String WorkFolder;
   String TempFile1;  // the text before the last tool
   String TempFile2;
   String TempFile3;
@@ -28,11 +30,9 @@ struct SharedFields {
   TextFormat DocumentFormat;  // how the next save writes it
 
   // Tools.
-  bool BatchMode = false;  // tools read InputFileNum and write TempFile1
-  bool ToolRan = false;    // a tool has run on the editor's text
+  bool ToolRan = false;  // a tool has run on the editor's text
   bool ToolBusy = false;
   bool WorkingShown = false;
-  bool CustomToolRunning = false;  // a chain of tools runs: no report of a single one
   bool ToolUndoPending = false;
   bool UndoBroken = false;
   bool ToolOnSelection = false;
@@ -40,12 +40,6 @@ struct SharedFields {
   bool SelectionUsedUp = false;  // the last tool on a selection has left nothing of it
   std::size_t ToolSelStart = 0;
   std::size_t ToolSelEnd = 0;
-  bool CheckingRunProgram = false;  // a failure is one of the program that a step names
-  String BatchCurrentFile;
-  std::unique_ptr<TextReader> InputFileNum;
-  std::unique_ptr<TextWriter> OutputFileNum;
-  // Of what the last tool wrote to TempFile1; none where another program did.
-  std::optional<TextFormat> OutputFormat;
 
   // Options.
   String DefaultHeaderFile;

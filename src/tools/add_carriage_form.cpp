@@ -3,13 +3,12 @@
 #include "tools/lines/break_position.h"
 
 AddCarriageForm::AddCarriageForm(WindowSystem& windows, Messages& messages)
-    : SettingsForm(windows, messages, {&Text1}, {&Check1}) {
+    : SettingsFormOf(windows, messages, {Text1, Check1}) {
   Caption = u"Add Trailing Carriage Returns";
   Label1.Caption = u"&Position to Insert Carriage Return:";
-  Text1.Text = u"76";
   Text1.OnClick = [this] { Text1.SelectAll(); };
   Check1.Caption = u"To the nearest word";
-  Check1.Value = 1;
+  Use(AddSettings{});
   Wire(Command1, Command2);
 }
 

@@ -1,10 +1,10 @@
 #pragma once
-// Asks where "Add Trailing Carriage Returns" breaks the lines. Its controls are the tool's
-// settings, whoever writes them.
+// Asks where "Add Trailing Carriage Returns" breaks the lines. Its controls hold the
+// settings of the tool's next run from the menu.
 
 #include "tools/settings_form.h"
 
-class AddCarriageForm : public SettingsForm {
+class AddCarriageForm : public SettingsFormOf<AddSettings> {
  public:
   AddCarriageForm(WindowSystem& windows, Messages& messages);
   Layout Content() override;

@@ -1,6 +1,5 @@
 #include "tools/carriage_returns.h"
 
-#include "tools/ask_settings.h"
 #include "tools/lines/break_lines.h"
 #include "tools/lines/break_position.h"
 #include "tools/lines/join_lines.h"
@@ -8,11 +7,9 @@
 
 void RemoveCarriage(ToolContext& context) { RunLineTool(context, JoinLines); }
 
-void AddCarriage2(ToolContext& context) {
-  const AddCarriageForm& settings = context.Tools.AddCarriageForm;
-  const std::size_t position = BreakPosition(settings.Text1.Text.Get());
-  const bool atWords = settings.Check1.Value == 1;
-  RunTableTool(context, [position, atWords](LineSource& in, LineSink& out) {
+void AddCarriage2(ToolContext& context, const AddSettings& settings) {
+  const std::size_t position = BreakPosition(settings.Position);
+  RunTableTool(context, [position, atWords = settings.AtWords](LineSource& in, LineSink& out) {
     WordBreaker words;
     while (!in.AtEnd()) {
       const StringView line = in.ReadLine();
@@ -22,8 +19,4 @@ void AddCarriage2(ToolContext& context) {
         BreakExactly(line, position, out);
     }
   });
-}
-
-void LoadCarriageForm(ToolContext& context) {
-  AskSettingsAndRun(context, context.Tools.AddCarriageForm, AddCarriage2);
 }

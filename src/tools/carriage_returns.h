@@ -6,7 +6,5 @@
 // Joins the lines of each paragraph into one.
 void RemoveCarriage(ToolContext& context);
 
-// Breaks long lines as AddCarriageForm is set.
-void AddCarriage2(ToolContext& context);
-// Asks for the settings first.
-void LoadCarriageForm(ToolContext& context);
+// Breaks long lines.
+void AddCarriage2(ToolContext& context, const AddSettings& settings);

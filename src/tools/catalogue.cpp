@@ -15,41 +15,86 @@ namespace {
 using enum ToolGroup;
 
 constexpr bool kStreams = true;
+constexpr bool kKeepsLineEnds = true;
+
+// Tools by what they are called with.
+template <auto kTool>
+struct Call;
+template <void (*kTool)(ToolContext&)>
+struct Call<kTool> {
+  static void Run(ToolContext& context, const ToolSettings&) { kTool(context); }
+};
+template <class Kind, void (*kTool)(ToolContext&, const Kind&)>
+struct Call<kTool> {
+  static void Run(ToolContext& context, const ToolSettings& settings) {
+    const Kind* own = std::get_if<Kind>(&settings);
+    kTool(context, own != nullptr ? *own : Kind{});
+  }
+};
+template <auto kTool>
+constexpr auto Runs = Call<kTool>::Run;
+
+template <class Kind>
+ToolSettings Empty() {
+  Kind values;
+  for (const auto& field : kSettingFields<Kind>) {
+    if (field.Text)
+      (values.*field.Text).clear();
+    else
+      values.*field.Flag = false;
+  }
+  return values;
+}
+
+template <auto kForm>
+SettingsForm& FormIn(ToolState& tools) {
+  return tools.*kForm;
+}
+
+constexpr SettingKind kAdd{u"Add", true, Empty<AddSettings>, FormIn<&ToolState::AddCarriageForm>};
+constexpr SettingKind kSearch{u"Search", true, Empty<SearchSettings>,
+                              FormIn<&ToolState::SearchReplaceForm>};
+constexpr SettingKind kHtml{u"HTML", true, Empty<HtmlSettings>, FormIn<&ToolState::HTML>};
+constexpr SettingKind kProgram{u"RunProgram", false, Empty<RunSettings>,
+                               FormIn<&ToolState::RunProgramSettings>};
 
 constexpr Tool kTools[] = {
     {CarriageReturns, u"Remove Trailing Carriage &Returns", u"Remove Trailing Carriage Returns",
-     RemoveCarriage, nullptr, kStreams},
-    {CarriageReturns, u"Add Trailing Carriage Returns", kAddCarriageReturns, AddCarriage2,
-     LoadCarriageForm},
-    {Capitalization, u"All &Lower Case", u"All Lower Case", LowerCaseText, nullptr, kStreams},
-    {Capitalization, u"All &Upper Case", u"All Upper Case", UpperCaseText, nullptr, kStreams},
+     Runs<RemoveCarriage>, nullptr, kStreams},
+    {CarriageReturns, u"Add Trailing Carriage Returns", kAddCarriageReturns, Runs<AddCarriage2>,
+     &kAdd},
+    {Capitalization, u"All &Lower Case", u"All Lower Case", Runs<LowerCaseText>, nullptr, kStreams,
+     kKeepsLineEnds},
+    {Capitalization, u"All &Upper Case", u"All Upper Case", Runs<UpperCaseText>, nullptr, kStreams,
+     kKeepsLineEnds},
     {Capitalization, u"&Capitalize 1st Letter on Every Line",
-     u"Capitalize 1st Letter on Every Line", CapitalizeLines, nullptr, kStreams},
+     u"Capitalize 1st Letter on Every Line", Runs<CapitalizeLines>, nullptr, kStreams},
     {Capitalization, u"Capitalize 1st Letter of Sentences", u"Capitalize 1st Letter of Sentences",
-     CapitalizeSentences, nullptr, kStreams},
-    {Capitalization, u"", u"Capitalize Custom Words", CapitalizeCustom},
-    {LineSpacing, u"Add Double Spacing", u"Add Double Spacing", AddDoubleSpc, nullptr, kStreams},
-    {LineSpacing, u"Remove Double Spacing", u"Remove Double Spacing", RemoveDoubleSpc, nullptr,
+     Runs<CapitalizeSentences>, nullptr, kStreams},
+    {Capitalization, u"", u"Capitalize Custom Words", Runs<CapitalizeCustom>},
+    {LineSpacing, u"Add Double Spacing", u"Add Double Spacing", Runs<AddDoubleSpc>, nullptr,
      kStreams},
-    {LineSpacing, u"Remove Blank Lines at Beginning and End of Text",
-     u"Remove Blank Lines at Beginning and End of Text", RemoveBlankLines},
-    {LineSpacing, u"Add Blank Line Before Indented Paragraph",
-     u"Add Blank Line Before Indented Paragraph", AddBlankParag, nullptr, kStreams},
-    {AlterCharacters, u"&Remove Leading \">\" signs", u"Remove Leading \">\" Signs",
-     RemoveLeadingSigns, nullptr, kStreams},
-    {AlterCharacters, u"Remove 1 Leading Space", u"Remove 1 Leading Space", RemoveOneSpace, nullptr,
-     kStreams},
-    {AlterCharacters, u"Remove All Leading Spaces", u"Remove ALL Leading Spaces", RemoveALLSpace,
+    {LineSpacing, u"Remove Double Spacing", u"Remove Double Spacing", Runs<RemoveDoubleSpc>,
      nullptr, kStreams},
-    {AlterCharacters, u"Indent Paragraphs", u"Indent Paragraphs", IndentParag},
+    {LineSpacing, u"Remove Blank Lines at Beginning and End of Text",
+     u"Remove Blank Lines at Beginning and End of Text", Runs<RemoveBlankLines>},
+    {LineSpacing, u"Add Blank Line Before Indented Paragraph",
+     u"Add Blank Line Before Indented Paragraph", Runs<AddBlankParag>, nullptr, kStreams},
+    {AlterCharacters, u"&Remove Leading \">\" signs", u"Remove Leading \">\" Signs",
+     Runs<RemoveLeadingSigns>, nullptr, kStreams},
+    {AlterCharacters, u"Remove 1 Leading Space", u"Remove 1 Leading Space", Runs<RemoveOneSpace>,
+     nullptr, kStreams},
+    {AlterCharacters, u"Remove All Leading Spaces", u"Remove ALL Leading Spaces",
+     Runs<RemoveALLSpace>, nullptr, kStreams},
+    {AlterCharacters, u"Indent Paragraphs", u"Indent Paragraphs", Runs<IndentParag>},
     {AlterCharacters, u"Fix Odd-Looking Characters (upper->lower ASCII)",
-     u"Fix Odd-Looking Characters (upper->lower ASCII)", FixUpperASCII, FixUpperASCIIFromMenu},
-    {HtmlConversion, u"Convert to &HTML", kToHtml, ConvertToHTML, LoadHTMLOptionForm},
-    {HtmlConversion, u"Convert from HTML", kFromHtml, ConvertFROMHTML},
-    {TopOfTools, u"Search and Replace", kSearchAndReplace, SearchReplace, LoadSearchReplaceForm},
-    {TopOfTools, kEmailStandard, kEmailStandard, EmailCleanup, EmailCleanupFromMenu},
-    {TopOfTools, kEmailPoem, kEmailPoem, EmailCleanupPoem, EmailCleanupPoemFromMenu},
-    {CustomAndBatchOnly, u"", kRunProgram, RunProgramAsSet},
+     u"Fix Odd-Looking Characters (upper->lower ASCII)", Runs<FixUpperASCII>},
+    {HtmlConversion, u"Convert to &HTML", kToHtml, Runs<ConvertToHTML>, &kHtml},
+    {HtmlConversion, u"Convert from HTML", kFromHtml, Runs<ConvertFROMHTML>},
+    {TopOfTools, u"Search and Replace", kSearchAndReplace, Runs<SearchReplace>, &kSearch},
+    {TopOfTools, kEmailStandard, kEmailStandard, Runs<EmailCleanup>},
+    {TopOfTools, kEmailPoem, kEmailPoem, Runs<EmailCleanupPoem>},
+    {CustomAndBatchOnly, u"", kRunProgram, Runs<RunProgram>, &kProgram},
 };
 
 constexpr ToolMenuGroup kGroups[] = {
@@ -67,6 +112,19 @@ const Tool* FindTool(StringView storedName) {
     if (tool.StoredName == storedName) return &tool;
   }
   return nullptr;
+}
+
+ToolSettings SettingsInWindow(const Tool& tool, ToolState& tools) {
+  return tool.Settings ? tool.Settings->Form(tools).Settings() : ToolSettings();
+}
+
+void RunFromMenu(ToolContext& context, const Tool& tool) {
+  if (!tool.Settings) return tool.Run(context, {});
+  if (IsBlank(*context.RichTextBox1.SharedText())) return;
+  SettingsForm& form = tool.Settings->Form(context.Tools);
+  form.TakeDefaults(context.Fields);
+  if (const auto settings = form.Ask()) return tool.Run(context, *settings);
+  context.Fields.ToolUndoPending = false;
 }
 
 std::span<const ToolMenuGroup> ToolMenuGroups() { return kGroups; }

@@ -15,26 +15,37 @@ enum class ToolGroup {
   CustomAndBatchOnly,
 };
 
+// A kind of settings: where its values stand.
+struct SettingKind {
+  // In the custom tool file, in front of the tool's number.
+  StringView Key;
+  // A step may have its window shown when it runs.
+  bool CanShow;
+  // No value is set.
+  ToolSettings (*Empty)();
+  SettingsForm& (*Form)(ToolState&);
+};
+
 struct Tool {
   ToolGroup Group;
   // On the menu; empty for a tool that has no entry of its own.
   StringView Caption;
   // In custom tools and batch settings; compared as it stands.
   StringView StoredName;
-  // Runs the tool with the settings that its window holds, on what BatchMode selects; null while
-  // the tool is not there yet.
-  void (*Run)(ToolContext&);
-  // What the menu entry does on the editor where that is more than Run: asks for settings first, or
-  // keeps those of an inner tool.
-  void (*Click)(ToolContext&) = nullptr;
+  // Runs the tool on what the context names. Settings of another kind count as the tool's defaults.
+  void (*Run)(ToolContext&, const ToolSettings&);
+  // Null for a tool without settings.
+  const SettingKind* Settings = nullptr;
   // It takes a line at a time, and makes the same of a text on the editor and on a file: of one
   // that isn't blank and ends in a line end.
   bool Streams = false;
+  // On the editor it leaves line ends, and a missing last one, as they are.
+  bool KeepsLineEnds = false;
 };
 
 // An empty step of a custom tool or of the batch.
 inline constexpr StringView kNoTool = u"None Selected";
-// Stored names of the tools that more than their own file knows.
+// Stored names of the tools that other parts of the program name.
 inline constexpr StringView kAddCarriageReturns = u"Add Trailing Carriage Returns";
 inline constexpr StringView kToHtml = u"Convert TO HTML";
 inline constexpr StringView kFromHtml = u"Convert FROM HTML";
@@ -47,6 +58,12 @@ inline constexpr StringView kRunProgram = u"Run Program";
 std::span<const Tool> Catalogue();
 // Null when no tool has this stored name.
 const Tool* FindTool(StringView storedName);
+
+// What the tool's window holds; nothing for a tool without settings.
+ToolSettings SettingsInWindow(const Tool& tool, ToolState& tools);
+// Runs a tool on the editor as its menu entry does: with what the user sets in its window, where it
+// has one. A blank text asks for nothing.
+void RunFromMenu(ToolContext& context, const Tool& tool);
 
 struct ToolMenuGroup {
   ToolGroup Group;

@@ -13,7 +13,7 @@ constexpr StringView kDefault = u"Default";
 bool IsDefaultPart(StringView file) { return file == kDefault || IsBlank(file); }
 
 HTML::HTML(WindowSystem& windows, Messages& messages)
-    : SettingsForm(windows, messages, {&Text1, &Text2}, {&Check1, &Check2}),
+    : SettingsFormOf(windows, messages, {Text1, Text2, Check1, Check2}),
       commonDialog1_(windows.CreateCommonDialog()),
       CommonDialog1(*commonDialog1_) {
   Caption = u"Convert to HTML Settings";
@@ -32,7 +32,6 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
       u"lists of items.  Using this option will not harm the conversion of non-poems/lists.";
   Label1.WordWrap = Label4.WordWrap = true;
   for (TextBox* box : {&Text1, &Text2}) {
-    box->Text = String(kDefault);
     box->OnClick = [box] { box->SelectAll(); };
     box->OnDblClick = [box] { box->SelLength = 0; };
   }
@@ -52,6 +51,7 @@ HTML::HTML(WindowSystem& windows, Messages& messages)
   Command4.AccessibleName = u"Browse for the footer file";
   Command5.AccessibleName = u"Use the default header";
   Command6.AccessibleName = u"Use the default footer";
+  Use(HtmlSettings{});
   Columns = 80;
 }
 
@@ -59,6 +59,11 @@ Layout HTML::Content() {
   return Column(
       {Label1, Grid(4, {Label2, Text1, Command3, Command5, Label3, Text2, Command4, Command6}),
        Label4, Check1, Check2, Row({Stretch(), Command1, Command2, Command7, Stretch()})});
+}
+
+void HTML::TakeDefaults(const SharedFields& fields) {
+  if (!IsBlank(fields.DefaultHeaderFile)) Text1.Text = fields.DefaultHeaderFile;
+  if (!IsBlank(fields.DefaultFooterFile)) Text2.Text = fields.DefaultFooterFile;
 }
 
 void HTML::Browse(TextBox& box) {

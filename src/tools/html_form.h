@@ -1,16 +1,18 @@
 #pragma once
-// Asks how a text becomes an HTML page. Its controls are the settings of Convert to HTML, whoever
-// writes them.
+// Asks how a text becomes an HTML page. Its controls hold the settings of the next run from the
+// menu.
 
 #include <memory>
 
 #include "platform/window/common_dialog.h"
 #include "tools/settings_form.h"
 
-class HTML : public SettingsForm {
+class HTML : public SettingsFormOf<HtmlSettings> {
  public:
   HTML(WindowSystem& windows, Messages& messages);
   Layout Content() override;
+  // The files that the options name.
+  void TakeDefaults(const SharedFields& fields) override;
 
  private:
   std::unique_ptr<CommonDialog> commonDialog1_;

@@ -1,9 +1,6 @@
 #include "tools/html_from.h"
 
-#include "platform/system/files.h"
 #include "text/runtime_error.h"
-#include "tools/file_chain.h"
-#include "tools/line_spacing.h"
 #include "tools/lines/blank_ends.h"
 #include "tools/lines/lines.h"
 #include "tools/lines/text_from_html.h"
@@ -22,18 +19,6 @@ void ConvertLines(LineSource& in, LineSink& out) {
   }
 }
 
-// The converted text becomes the input of the tool that takes its blank ends away.
-void TrimFile(ToolContext& context) {
-  SharedFields& fields = context.Fields;
-  const String source = fields.InputFileNum->Path();
-  fields.InputFileNum.reset();
-  CopyFileContent(fields.TempFile1, fields.TempFile3);
-  ReadResult(fields, fields.TempFile3);
-  RemoveBlankLines(context);
-  fields.InputFileNum = std::make_unique<TextReader>(source);
-  DeleteFileQuietly(fields.TempFile3);
-}
-
 // At once, so that a page whose text has too many lines is not changed at all.
 void ConvertAndTrim(LineSource& in, LineSink& out) {
   TextSink converted;
@@ -46,10 +31,5 @@ void ConvertAndTrim(LineSource& in, LineSink& out) {
 }  // namespace
 
 void ConvertFROMHTML(ToolContext& context) {
-  if (!context.Fields.BatchMode) {
-    RunLineTool(context, ConvertAndTrim, ToolScope::WholeText);
-    return;
-  }
-  RunLineTool(context, ConvertLines, ToolScope::WholeText);
-  TrimFile(context);
+  RunLineTool(context, ConvertAndTrim, ToolScope::WholeText);
 }

@@ -1,7 +1,6 @@
 #include "tools/html_to.h"
 
 #include "text/runtime_error.h"
-#include "tools/ask_settings.h"
 #include "tools/lines/html_page.h"
 #include "tools/tool_frame.h"
 
@@ -20,39 +19,26 @@ std::optional<std::vector<String>> ReadPart(const String& file) {
   }
 }
 
-HtmlPageSettings SettingsFor(const ToolContext& context) {
-  const HTML& form = context.Tools.HTML;
+HtmlPageSettings PageSettings(const HtmlSettings& chosen, bool noFrame) {
   HtmlPageSettings settings;
-  settings.BreakLines = form.Check1.Value == 1;
-  settings.NoTitle = form.Check2.Value == 1;
-  settings.NoFrame = context.Fields.NoHtmlHeaderFooter;
+  settings.BreakLines = chosen.BreakLines;
+  settings.NoTitle = chosen.NoTitle;
+  settings.NoFrame = noFrame;
   if (settings.NoFrame) return settings;
-  settings.Header = ReadPart(form.Text1.Text);
-  settings.Footer = ReadPart(form.Text2.Text);
+  settings.Header = ReadPart(chosen.HeaderFile);
+  settings.Footer = ReadPart(chosen.FooterFile);
   return settings;
 }
 
 }  // namespace
 
-void ConvertToHTML(ToolContext& context) {
-  // The file as it is, wherever it was read to; the next reader finds it the same.
-  if (context.Fields.BatchMode) context.Fields.InputFileNum->Rewind();
+void ConvertToHTML(ToolContext& context, const HtmlSettings& settings) {
   RunLineTool(
       context,
-      [&context](LineSource& in, LineSink& out) {
-        HtmlPageSettings settings = SettingsFor(context);
+      [&](LineSource& in, LineSink& out) {
+        HtmlPageSettings page = PageSettings(settings, context.Fields.NoHtmlHeaderFooter);
         Lines lines(in);
-        PrintHtmlPage(lines, std::move(settings), out);
+        PrintHtmlPage(lines, std::move(page), out);
       },
       ToolScope::WholeText);
-  if (context.Fields.BatchMode) context.Fields.InputFileNum->Rewind();
-}
-
-void LoadHTMLOptionForm(ToolContext& context) {
-  if (IsBlank(*context.RichTextBox1.SharedText())) return;
-  HTML& form = context.Tools.HTML;
-  const SharedFields& fields = context.Fields;
-  if (!IsBlank(fields.DefaultHeaderFile)) form.Text1.Text = fields.DefaultHeaderFile;
-  if (!IsBlank(fields.DefaultFooterFile)) form.Text2.Text = fields.DefaultFooterFile;
-  AskSettingsAndRun(context, form, ConvertToHTML);
 }

@@ -2,8 +2,6 @@
 
 #include "tools/tool_context.h"
 
-// Makes an HTML page of the text, as the window HTML is set. On a file RuntimeError 53 when a
-// header or footer file is gone.
-void ConvertToHTML(ToolContext& context);
-// Asks for the settings first.
-void LoadHTMLOptionForm(ToolContext& context);
+// Makes an HTML page of the text. RuntimeError 53 on a file and in a chain when a header or footer
+// file is gone.
+void ConvertToHTML(ToolContext& context, const HtmlSettings& settings);

@@ -4,6 +4,7 @@
 #include "platform/system/process.h"
 #include "text/runtime_error.h"
 #include "text/scoped_value.h"
+#include "tools/file_run.h"
 #include "tools/selection.h"
 #include "tools/tool_frame.h"
 
@@ -20,13 +21,8 @@ constexpr StringView kNotComplete =
     u"seconds.  Processing will continue using any other tools.";
 constexpr StringView kUnknownError = u"Error: An unknown error occurred with the Run Program tool.";
 
-struct Command {
-  const String& Program;
-  const String& Arguments;
-};
-
 // The file is the first argument of the program.
-Process Start(const Command& command, const String& file) {
+Process Start(const RunSettings& command, const String& file) {
   std::vector<String> arguments{file};
   for (String& argument : SplitArguments(command.Arguments))
     arguments.push_back(std::move(argument));
@@ -46,7 +42,7 @@ bool WaitFor(Process process, int seconds, WindowSystem& windows) {
   }
 }
 
-void RunOnEditor(ToolContext& context, const Command& command) {
+void RunOnEditor(ToolContext& context, const RunSettings& command) {
   try {
     TestReadable(command.Program);
   } catch (const RuntimeError&) {
@@ -82,48 +78,54 @@ void RunOnEditor(ToolContext& context, const Command& command) {
 
 // A failure in here is one of the program's file, and told as that.
 template <typename Action>
-auto CheckingProgram(SharedFields& fields, Action action) {
-  fields.CheckingRunProgram = true;
+auto CheckingProgram(FileRun& run, Action action) {
+  run.CheckingRunProgram = true;
   try {
     auto result = action();
-    fields.CheckingRunProgram = false;
+    run.CheckingRunProgram = false;
     return result;
   } catch (const RuntimeError& error) {
     throw RuntimeError(kFileNotFound, error.what());
   }
 }
 
-void RunOnFile(ToolContext& context, const Command& command) {
-  SharedFields& fields = context.Fields;
-  CheckingProgram(fields, [&] { return TestReadable(command.Program), true; });
-  const String source = fields.InputFileNum->Path();
-  fields.InputFileNum.reset();
-  CopyFileContent(source, fields.TempFile2);
+// A file that the program can be given by name, with the input in it; away when the object goes.
+class NamedCopy {
+ public:
+  NamedCopy(const String& path, InputFile content) : path_(path) {
+    OutputFile file(path);
+    content.ReadRest([&file](std::string_view bytes) { file.Write(bytes); });
+    file.Close();
+  }
+  NamedCopy(const NamedCopy&) = delete;
+  NamedCopy& operator=(const NamedCopy&) = delete;
+  ~NamedCopy() { DeleteFileQuietly(path_); }
+
+  const String& Path() const { return path_; }
+
+ private:
+  String path_;
+};
+
+void RunOnFile(ToolContext& context, const RunSettings& command) {
+  FileRun& run = *context.File;
+  CheckingProgram(run, [&] { return TestReadable(command.Program), true; });
+  const NamedCopy copy(context.Fields.TempFile2, run.Source());
   context.Windows.DoEvents();
-  Process process = CheckingProgram(fields, [&] { return Start(command, fields.TempFile2); });
+  Process process = CheckingProgram(run, [&] { return Start(command, copy.Path()); });
   if (!WaitFor(std::move(process), kFileSeconds, context.Windows)) {
     throw RuntimeError(kProgramDidNotReturn,
                        ToUtf8(command.Program) + ": the program has not returned");
   }
-  CopyFileContent(fields.TempFile2, fields.TempFile1);
-  fields.OutputFormat.reset();
+  run.Take(InputFile(copy.Path()));
   context.Windows.DoEvents();
 }
 
 }  // namespace
 
-void RunProgram(ToolContext& context, const String& program, String& arguments) {
-  const StringView trimmed = Trim(arguments);
-  arguments = trimmed.empty() ? String() : u" " + String(trimmed);
-  const Command command{program, arguments};
-  if (context.Fields.BatchMode)
-    RunOnFile(context, command);
+void RunProgram(ToolContext& context, const RunSettings& settings) {
+  if (context.File != nullptr)
+    RunOnFile(context, settings);
   else
-    RunOnEditor(context, command);
-}
-
-void RunProgramAsSet(ToolContext& context) {
-  const RunProgramSettings& settings = context.Tools.RunProgramSettings;
-  String arguments = settings.Text2.Text;
-  RunProgram(context, settings.Text1.Text, arguments);
+    RunOnEditor(context, settings);
 }

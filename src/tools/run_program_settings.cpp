@@ -19,7 +19,7 @@ bool LooksExecutable(const String& path) {
 }  // namespace
 
 RunProgramSettings::RunProgramSettings(WindowSystem& windows, Messages& messages)
-    : SettingsForm(windows, messages, {&Text1, &Text2}, {}), dialog_(windows.CreateCommonDialog()) {
+    : SettingsFormOf(windows, messages, {Text1, Text2}), dialog_(windows.CreateCommonDialog()) {
   Caption = u"Run Program Settings";
   Label1.Caption =
       u"Provide the full path and filename of the program to run.  The program MUST be capable of "

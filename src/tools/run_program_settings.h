@@ -6,7 +6,7 @@
 #include "platform/window/common_dialog.h"
 #include "tools/settings_form.h"
 
-class RunProgramSettings : public SettingsForm {
+class RunProgramSettings : public SettingsFormOf<RunSettings> {
  public:
   RunProgramSettings(WindowSystem& windows, Messages& messages);
   Layout Content() override;

@@ -2,8 +2,6 @@
 
 #include "tools/tool_context.h"
 
-// Replaces as SearchReplaceForm is set and, on the editor, reports how often, unless a chain of
-// tools runs. On a file bad settings are RuntimeError 252 to 254.
-void SearchReplace(ToolContext& context);
-// Asks for the settings first.
-void LoadSearchReplaceForm(ToolContext& context);
+// Replaces and, on the editor, reports how often, unless a chain of tools runs. On a file bad
+// settings are RuntimeError 252 to 254.
+void SearchReplace(ToolContext& context, const SearchSettings& settings);

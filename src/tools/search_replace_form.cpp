@@ -28,7 +28,7 @@ StringView CheckCodes(const String& search, const String& replacement) {
 }  // namespace
 
 SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
-    : SettingsForm(windows, messages, {&Text1, &Text2}, {&Check1, &Check2, &Check3}) {
+    : SettingsFormOf(windows, messages, {Text1, Text2, Check1, Check2, Check3}) {
   Caption = u"Search and Replace";
   Label1.Caption = u"Search &for:";
   Label2.Caption = u"&Replace With:";
@@ -53,22 +53,6 @@ SearchReplaceForm::SearchReplaceForm(WindowSystem& windows, Messages& messages)
 Layout SearchReplaceForm::Content() {
   return Column({Label1, Text1, Label2, Text2, Check1, Check2, Check3,
                  Row({Stretch(), Command1, Command2, Command3, Stretch()})});
-}
-
-SearchSettings SearchReplaceForm::Settings() const {
-  return {.SearchFor = Text1.Text,
-          .ReplaceWith = Text2.Text,
-          .ByCodes = Check1.Value == 1,
-          .WholeWord = Check2.Value == 1,
-          .MatchCase = Check3.Value == 1};
-}
-
-void SearchReplaceForm::Use(const SearchSettings& settings) {
-  Text1.Text = settings.SearchFor;
-  Text2.Text = settings.ReplaceWith;
-  Check1.Value = settings.ByCodes ? 1 : 0;
-  Check2.Value = settings.WholeWord ? 1 : 0;
-  Check3.Value = settings.MatchCase ? 1 : 0;
 }
 
 bool SearchReplaceForm::Check() {

@@ -1,17 +1,13 @@
 #pragma once
-// Asks what to search for and what to put in its place. Its controls are the settings of Search and
-// Replace, whoever writes them.
+// Asks what to search for and what to put in its place. Its controls hold the settings of
+// the next run from the menu.
 
-#include "tools/lines/search_settings.h"
 #include "tools/settings_form.h"
 
-class SearchReplaceForm : public SettingsForm {
+class SearchReplaceForm : public SettingsFormOf<SearchSettings> {
  public:
   SearchReplaceForm(WindowSystem& windows, Messages& messages);
   Layout Content() override;
-
-  SearchSettings Settings() const;
-  void Use(const SearchSettings& settings);
 
   // The first click into a text box since the window was shown selects all of it.
   bool FirstClickText1 = true;

@@ -2,19 +2,6 @@
 
 #include <exception>
 
-namespace {
-
-// Whether the text ends in one line end and not in an empty line. A place in front of the text
-// holds neither CR nor LF.
-bool EndsInOneLineEnd(StringView text) {
-  const auto at = [text](std::size_t fromEnd) {
-    return fromEnd <= text.size() ? text[text.size() - fromEnd] : u'\0';
-  };
-  return at(2) == kCr && at(3) != kLf;
-}
-
-}  // namespace
-
 ToolSelection::~ToolSelection() {
   if (!narrowed_) return;
   try {
@@ -38,7 +25,7 @@ void ToolSelection::SelectedTextBeforeTool(ToolContext& context, bool& keepLineE
   const String selected = editor.SelText();
   narrowed_ = &editor;
   editor.SetText(selected);
-  fields.SelectionCrLfFlag = EndsInOneLineEnd(selected);
+  fields.SelectionCrLfFlag = selected.ends_with(kCrLf);
   if (keepLineEnd) {
     fields.SelectionCrLfFlag = true;
     keepLineEnd = false;
@@ -53,10 +40,9 @@ void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
     return;
   }
   String result = editor.Text();
-  // Cut the line end that the tool's line printing added; an empty line at the end had its own, and
-  // another program may have added none.
-  const StringView ending = result;
-  if (!fields.SelectionCrLfFlag && ending.ends_with(kCrLf) && !ending.ends_with(u"\r\n\r\n"))
+  // Cut the line end that the tool's line printing added, if the selection had none of its own;
+  // another program may have added none either.
+  if (!fields.SelectionCrLfFlag && result.ends_with(kCrLf))
     result.resize(result.size() - kCrLf.size());
   const StringView whole = *wholeText_;
   String text(whole.substr(0, fields.ToolSelStart));
@@ -64,10 +50,20 @@ void ToolSelection::SelectedTextAfterTool(ToolContext& context) {
   if (fields.ToolSelEnd < whole.size()) text += whole.substr(fields.ToolSelEnd);
   editor.SetText(text);
   narrowed_ = nullptr;
-  fields.SelectionUsedUp = result.empty();
-  const std::size_t place = InStr(text, result);
-  editor.SetSelStart(place == 0 ? 0 : place - 1);
-  editor.SetSelLength(result.size());
+  if (context.CustomToolRunning) {
+    editor.SetSelStart(fields.ToolSelStart);
+    editor.SetSelLength(result.size());
+  } else {
+    SelectFirst(editor, result);
+  }
+  // Also where the place is none that can be selected.
+  fields.SelectionUsedUp = editor.SelLength() == 0;
   editor.Refresh();
   wholeText_.reset();
+}
+
+void SelectFirst(RichTextBox& editor, const String& part) {
+  const std::size_t place = InStr(*editor.SharedText(), part);
+  editor.SetSelStart(place == 0 ? 0 : place - 1);
+  editor.SetSelLength(part.size());
 }

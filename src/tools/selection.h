@@ -16,7 +16,8 @@ class ToolSelection {
   // never add a line end of their own pass true, and nothing is cut off afterwards; the argument is
   // then set to false.
   void SelectedTextBeforeTool(ToolContext& context, bool& keepLineEnd);
-  // Puts what the tool made of the selection back into the whole text, and selects it.
+  // Puts what the tool made of the selection back into the whole text, and selects it: the first
+  // place where it stands, or for the next tool of a chain where it really is.
   void SelectedTextAfterTool(ToolContext& context);
 
   // The text before the tool, kept in memory: a full disk must not cost the rest of the text.
@@ -30,15 +31,5 @@ class ToolSelection {
   std::size_t selLength_ = 0;
 };
 
-// For a chain of tools on the editor. Each works on the selection that the one before left; where a
-// tool has left nothing of it, the next one would work on the whole text.
-class ChainSelection {
- public:
-  explicit ChainSelection(ToolContext& context) : fields_(context.Fields) {
-    fields_.SelectionUsedUp = false;
-  }
-  bool IsGone() const { return fields_.SelectionUsedUp; }
-
- private:
-  SharedFields& fields_;
-};
+// Selects the first place where the text holds `part`.
+void SelectFirst(RichTextBox& editor, const String& part);

@@ -7,10 +7,17 @@
 #include "state/shared_fields.h"
 #include "tools/tool_state.h"
 
+class FileRun;
+
 struct ToolContext {
   SharedFields& Fields;
   ::RichTextBox& RichTextBox1;
   ::Messages& Messages;
   WindowSystem& Windows;
   ToolState& Tools;
+  // The file that the tool works on; none on the editor.
+  FileRun* File = nullptr;
+  // The tool is a step of a chain on the editor: it reports no success, and a failure may
+  // end the chain.
+  bool CustomToolRunning = false;
 };

@@ -4,6 +4,7 @@
 #include "platform/system/files.h"
 #include "text/runtime_error.h"
 #include "tools/file_lines.h"
+#include "tools/file_run.h"
 #include "tools/lines/text_lines.h"
 #include "tools/selection.h"
 
@@ -45,30 +46,29 @@ bool RunOnEditor(ToolContext& context, const LineWork& work, ToolScope scope) {
     editor.SetText(out.Text);
     if (scope == ToolScope::Selection) selection.SelectedTextAfterTool(context);
   } catch (const RuntimeError& error) {
-    context.Messages.Notice(FromUtf8(error.what()));
+    Tell(context, error);
     return false;
   }
   return true;
 }
 
-// Closes the result of a tool that fails, too.
-struct OutputCloser {
-  SharedFields& Fields;
-  ~OutputCloser() { Fields.OutputFileNum.reset(); }
-};
-
-void RunOnFile(SharedFields& fields, const LineWork& work) {
-  FileSource in(*fields.InputFileNum);
-  const OutputCloser closer{fields};
-  fields.OutputFileNum =
-      std::make_unique<TextWriter>(fields.TempFile1, fields.InputFileNum->Format());
-  FileSink out(*fields.OutputFileNum);
-  work(in, out);
-  fields.OutputFileNum->Close();
-  fields.OutputFormat = fields.OutputFileNum->Format();
+void RunOnFile(FileRun& run, const LineWork& work) {
+  FileSource in(run.Input());
+  run.Write([&](TextWriter& writer) {
+    FileSink out(writer);
+    work(in, out);
+  });
 }
 
 }  // namespace
+
+void Tell(ToolContext& context, const RuntimeError& error) {
+  // The text does not suit the tool; the next one may do with it.
+  const bool refusal =
+      error.Code == kSubscriptOutOfRange || error.Code == kOverflow || error.Code == kNoBodyTag;
+  if (context.File != nullptr || (context.CustomToolRunning && !refusal)) throw error;
+  context.Messages.Notice(FromUtf8(error.what()));
+}
 
 void KeepForUndo(const SharedFields& fields, StringView text) {
   try {
@@ -79,8 +79,8 @@ void KeepForUndo(const SharedFields& fields, StringView text) {
 }
 
 void RunCharacterTool(ToolContext& context, TextTransform transform) {
-  if (!context.Fields.BatchMode) return TransformEditor(context, transform);
-  RunOnFile(context.Fields, [transform, result = String()](LineSource& in, LineSink& out) mutable {
+  if (context.File == nullptr) return TransformEditor(context, transform);
+  RunOnFile(*context.File, [transform, result = String()](LineSource& in, LineSink& out) mutable {
     while (!in.AtEnd()) {
       transform(in.ReadLine(), result);
       out.Print(result);
@@ -89,8 +89,8 @@ void RunCharacterTool(ToolContext& context, TextTransform transform) {
 }
 
 bool RunLineTool(ToolContext& context, const LineWork& work, ToolScope scope) {
-  if (!context.Fields.BatchMode) return RunOnEditor(context, work, scope);
-  RunOnFile(context.Fields, work);
+  if (context.File == nullptr) return RunOnEditor(context, work, scope);
+  RunOnFile(*context.File, work);
   return true;
 }
 

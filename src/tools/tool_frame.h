@@ -2,11 +2,10 @@
 // What all tools share: the road of a tool over the editor's text or a selection of it, and over a
 // file. A tool itself is a function of lines that knows neither.
 //
-// Editor (BatchMode is not set): a blank text is left alone; the text from before stands in
+// Editor: a blank text is left alone; the text from before stands in
 // TempFile1 afterwards; a text of more than 45000 characters shows the Working window meanwhile. A
 // tool that fails with a RuntimeError leaves the text as it was, and its message is shown.
-// File (BatchMode is set): lines come from InputFileNum, from where it stands, and go to TempFile1.
-// InputFileNum stays open. RuntimeError.
+// File: lines come from the run's input, from where it stands, and make its result. RuntimeError.
 
 #include <functional>
 
@@ -33,6 +32,12 @@ bool RunLineTool(ToolContext& context, const LineWork& work,
 // The same for a tool of the table of lines: a text of more lines than that holds fails with
 // RuntimeError 9.
 bool RunTableTool(ToolContext& context, const LineWork& work);
+
+class RuntimeError;
+
+// A failure of the tool itself: a notice on the editor, thrown on a file. In a chain on the editor,
+// a tool that refuses the text gives a notice as well; any other failure is thrown, and ends it.
+void Tell(ToolContext& context, const RuntimeError& error);
 
 // Keeps a copy of the editor's text in TempFile1 for the plain undo. Where it can't be written, no
 // older text stands there either.

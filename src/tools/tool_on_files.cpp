@@ -11,6 +11,7 @@
 #include "state/data_files.h"
 #include "text/runtime_error.h"
 #include "tools/catalogue.h"
+#include "tools/file_run.h"
 
 namespace {
 
@@ -26,22 +27,19 @@ TextFormat FormatOfPlain(const String& file) {
 }
 
 void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
-  SharedFields& fields = context.Fields;
-  fields.BatchCurrentFile = file;
-  DeleteFileQuietly(fields.TempFile1);
-  fields.InputFileNum = std::make_unique<TextReader>(file, FormatOfPlain(file));
-  tool.Run(context);
-  fields.InputFileNum.reset();
+  FileRun run(file, FormatOfPlain(file), context.Fields.WorkFolder);
+  context.File = &run;
+  tool.Run(context, SettingsInWindow(tool, context.Tools));
   // A tool that does nothing leaves nothing.
-  if (!FileExists(fields.TempFile1)) return;
-  SafeSave(file, [&](const ByteSink& sink) { InputFile(fields.TempFile1).ReadRest(sink); });
+  if (!run.HasResult()) return;
+  SafeSave(file, [&](const ByteSink& sink) { run.Result().ReadRest(sink); });
 }
 
 }  // namespace
 
 int RunToolOnFiles(const String& toolName, std::span<const String> files) {
   const Tool* tool = FindTool(toolName);
-  if (tool == nullptr || tool->Run == nullptr) {
+  if (tool == nullptr) {
     std::cerr << "wordflurn: there is no tool named \"" << ToUtf8(toolName) << "\"\n";
     return 1;
   }
@@ -51,7 +49,6 @@ int RunToolOnFiles(const String& toolName, std::span<const String> files) {
   ConsoleWindowSystem windows;
   SharedFields fields;
   SetDataPaths(fields, appFolder, workFolder.Path());
-  fields.BatchMode = true;
   Messages messages(windows);
   const auto editor = windows.CreateRichTextBox();
   ToolState tools(windows, messages);

@@ -28,27 +28,20 @@ constexpr StringView kFixMail =
 TEST(CustomToolRecord, IsWrittenInTheOrderOfItsSteps) {
   CustomTool tool;
   tool.Name = u"  Fix Mail ";
-  tool.StepNames = {u"",
-                    u"Email Cleanup - Standard",
-                    u"Search and Replace",
-                    u"None Selected",
-                    u"None Selected",
-                    u"None Selected"};
-  tool.StepSearch[2] = {.SearchText = u"colour", .ReplaceText = u"color", .WholeWord = 1};
   // Settings of a step that has none are not written.
-  tool.StepAdd[1].Position = u"76";
+  tool.Steps[0] = {u"Email Cleanup - Standard", AddSettings{}, true};
+  tool.Steps[1] = {
+      u"Search and Replace",
+      SearchSettings{.SearchFor = u"colour", .ReplaceWith = u"color", .WholeWord = true}};
   EXPECT_EQ(RecordLines(tool, 2), LinesOf(kFixMail));
 
-  tool.StepNames = {u"",
-                    u"Run Program",
-                    u"Convert TO HTML",
-                    u"Add Trailing Carriage Returns",
-                    u"None Selected",
-                    u"Search and Replace"};
-  tool.StepRun[1] = {u"/bin/x", u""};
-  tool.StepHtml[2] = {u"Default", u"/f.txt", 1, 0, 1};
-  tool.StepAdd[3] = {u"7 6", 1, 0};
-  tool.StepSearch[5] = {.SearchText = u"a\r\n\r\nb", .ReplaceText = u"", .CodeMode = 1};
+  tool.Steps = {{
+      {u"Run Program", RunSettings{u"/bin/x", u""}},
+      {u"Convert TO HTML", HtmlSettings{u"Default", u"/f.txt", true, false}, true},
+      {u"Add Trailing Carriage Returns", AddSettings{u"7 6", true}},
+      {},
+      {u"Search and Replace", SearchSettings{.SearchFor = u"a\r\n\r\nb", .ByCodes = true}},
+  }};
   EXPECT_EQ(RecordLines(tool, 1),
             LinesOf(u"Tool1:\nFix Mail\nRun Program\nConvert TO HTML\n"
                     u"Add Trailing Carriage Returns\nNone Selected\nSearch and Replace\n"
@@ -78,50 +71,55 @@ TEST(CustomToolRecord, ReadsTextBetweenMarkers) {
        u"a", u"b", 1},
       {"no begin marker", u"a<<ENDSEARCHTEXT>>\n<<BEGINREPLACETEXT>>b<<ENDREPLACETEXT>>\n1",
        u"\r\na", u"b", 1},
-      {"lines between the texts",
-       u"<<BEGINSEARCHTEXT>>a<<ENDSEARCHTEXT>>\n1\nx<<ENDREPLACETEXT>>\n"
-       u"<<BEGINREPLACETEXT>>b<<ENDREPLACETEXT>>\n1",
-       u"a", u"b", 1},
+      {"replacement without its begin marker",
+       u"<<BEGINSEARCHTEXT>>a<<ENDSEARCHTEXT>>\n1\nx<<ENDREPLACETEXT>>\n1", u"a", u"\r\n1\r\nx", 1},
       {"no check value",
        u"<<BEGINSEARCHTEXT>>a<<ENDSEARCHTEXT>>\n<<BEGINREPLACETEXT>>b<<ENDREPLACETEXT>>\nyes", u"a",
        u"b", 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.Name);
-    CustomTool tool;
-    ReadRecord(LinesOf(u"Search1-1:\n1\n" + String(c.Block) + u"\n0\n0\n"), 1, tool);
-    EXPECT_EQ(tool.StepSearch[1].SearchText, c.Search);
-    EXPECT_EQ(tool.StepSearch[1].ReplaceText, c.Replace);
-    EXPECT_EQ(tool.StepSearch[1].CodeMode, c.CodeMode);
-    EXPECT_EQ(tool.StepSearch[1].ShowSettings, 1);
+    const CustomTool tool =
+        ReadRecord(LinesOf(u"Tool1:\nn\nSearch and Replace\n\n\n\n\nSearch1-1:\n1\n" +
+                           String(c.Block) + u"\n0\n0\n"),
+                   1);
+    const auto& settings = std::get<SearchSettings>(tool.Steps[0].Settings);
+    EXPECT_EQ(settings.SearchFor, c.Search);
+    EXPECT_EQ(settings.ReplaceWith, c.Replace);
+    EXPECT_EQ(settings.ByCodes, c.CodeMode == 1);
+    EXPECT_TRUE(tool.Steps[0].ShowSettings);
   }
 }
 
 TEST(CustomToolRecord, ReadsTheWholeFileForItsKeys) {
-  CustomTool tool;
-  tool.StepSearch[4].ShowSettings = 1;
-  tool.StepAdd[3].Position = u"of another tool";
   const FileLines lines = LinesOf(
-      u"noise\nTool2:\nTool1:\na\nb\nc\nd\ne\n"  // the name of tool 2 is no key
+      u"noise\nTool2:\nTool1:\nAdd Trailing Carriage Returns\nb\nc\nd\ne\n"  // a name, no key
       u"Add2-1:\n1\n5\n1\n"
       u"Tool1:\nfirst\n1\n2\n3\n4\n5\n"
       u"Add1x2y\n7\n9\n1\n"
       u"Add1\n1\n4\n1\n"  // no step at all
       u"Add1-x:\n1\n4\n1\n"
-      u"Tool1:\nlast\n1\n2\n3\n4\n6\n");
-  ReadRecord(lines, 2, tool);
-  EXPECT_EQ(tool.Name, u"Tool1:");
-  EXPECT_EQ(tool.StepNames[5], u"e");
-  EXPECT_EQ(tool.StepAdd[1].Position, u"5");
-  ReadRecord(lines, 1, tool);
-  EXPECT_EQ(tool.Name, u"last");
-  EXPECT_EQ(tool.StepNames[5], u"6");
-  EXPECT_EQ(tool.StepAdd[2].Position, u"9");
-  EXPECT_EQ(tool.StepAdd[2].ShowSettings, 0);
-  EXPECT_EQ(tool.StepAdd[1].Position, u"");
-  EXPECT_EQ(tool.StepAdd[1].ShowSettings, 1) << "stays from the tool read before";
-  EXPECT_EQ(tool.StepAdd[3].Position, u"");
-  EXPECT_EQ(tool.StepSearch[4].ShowSettings, 1);
+      u"Add1-0:\n1\n4\n1\n"
+      u"Tool1:\nlast\nAdd Trailing Carriage Returns\nAdd Trailing Carriage Returns\n3\n4\n6\n");
+  const CustomTool second = ReadRecord(lines, 2);
+  EXPECT_EQ(second.Name, u"Tool1:");
+  EXPECT_EQ(second.Steps[4].Name, u"e");
+  EXPECT_EQ(std::get<AddSettings>(second.Steps[0].Settings).Position, u"5");
+  const CustomTool first = ReadRecord(lines, 1);
+  EXPECT_EQ(first.Name, u"last");
+  EXPECT_EQ(first.Steps[4].Name, u"6");
+  EXPECT_EQ(std::get<AddSettings>(first.Steps[1].Settings).Position, u"9");
+  EXPECT_FALSE(first.Steps[1].ShowSettings);
+  EXPECT_FALSE(IsSet(first.Steps[0].Settings));
+}
+
+// A name that looks like a key makes its own tool readable, and the others.
+TEST(CustomToolRecord, ToolNamedLikeAKey) {
+  const FileLines lines = LinesOf(
+      u"Tool1:\nHTML1.0 page\nAll Upper Case\n\n\n\n\nTool2:\nHTML1.0 page\nAll Lower Case\n"
+      u"\n\n\n\n");
+  EXPECT_EQ(ReadRecord(lines, 1).Steps[0].Name, u"All Upper Case");
+  EXPECT_EQ(ReadRecord(lines, 2).Steps[0].Name, u"All Lower Case");
 }
 
 TEST(CustomToolRecord, CutOffAnywhereIsTold) {
@@ -129,23 +127,21 @@ TEST(CustomToolRecord, CutOffAnywhereIsTold) {
   for (std::size_t length = 1; length < whole.size(); ++length) {
     SCOPED_TRACE(length);
     const FileLines lines(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-    CustomTool tool;
     // Between the steps and the settings the file is whole.
     if (length == 7) {
-      ReadRecord(lines, 2, tool);
+      ReadRecord(lines, 2);
       continue;
     }
     try {
-      ReadRecord(lines, 2, tool);
+      ReadRecord(lines, 2);
       ADD_FAILURE() << "no error";
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.Code, kInputPastEnd);
     }
   }
-  for (const StringView digit : {u"0", u"6", u"9"}) {
-    CustomTool tool;
+  for (const StringView digit : {u"6", u"9"}) {
     try {
-      ReadRecord(LinesOf(u"Add1-" + String(digit) + u":\n0\n5\n1\n"), 1, tool);
+      ReadRecord(LinesOf(u"Add1-" + String(digit) + u":\n0\n5\n1\n"), 1);
       ADD_FAILURE() << "no error";
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.Code, kSubscriptOutOfRange);
@@ -176,20 +172,23 @@ TEST(CustomToolRecord, RandomToolsReadBack) {
     for (int n = 1; n <= 2; ++n) {
       CustomTool& tool = tools[n - 1];
       tool.Name = u"n" + String(Trim(text(false)));
-      for (std::size_t step = 1; step <= kMostSteps; ++step) {
-        tool.StepNames[step] = kNames[number(5)];
-        tool.StepRun[step] = {u"p" + text(false), text(false)};
-        tool.StepHtml[step] = {u"h" + text(false), text(false), number(1), number(1), number(1)};
-        tool.StepSearch[step] = {u"s" + text(true), text(true), number(1),
-                                 number(1),         number(1),  number(1)};
-        tool.StepAdd[step] = {u"5", number(1), number(1)};
+      for (ToolStep& step : tool.Steps) {
+        const auto flag = [&] { return number(1) == 1; };
+        const ToolSettings settings[] = {
+            RunSettings{u"p" + text(false), text(false)},
+            HtmlSettings{u"h" + text(false), text(false), flag(), flag()},
+            SearchSettings{u"s" + text(true), text(true), flag(), flag(), flag()},
+            AddSettings{u"5", flag()},
+            {},
+            {}};
+        const int kind = number(5);
+        step = {String(kNames[kind]), settings[kind], kind > 0 && kind < 4 && flag()};
       }
       const FileLines record = RecordLines(tool, n);
       lines.insert(lines.end(), record.begin(), record.end());
     }
     for (int n = 1; n <= 2; ++n) {
-      CustomTool read;
-      ReadRecord(lines, n, read);
+      const CustomTool read = ReadRecord(lines, n);
       EXPECT_EQ(read.Name, Trim(tools[n - 1].Name));
       ASSERT_EQ(RecordLines(read, n), RecordLines(tools[n - 1], n));
     }

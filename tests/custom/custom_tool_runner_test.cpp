@@ -5,6 +5,7 @@
 #include "custom/custom_tool_record.h"
 #include "support/app_fixture.h"
 #include "text/runtime_error.h"
+#include "tools/file_run.h"
 
 namespace {
 
@@ -13,8 +14,7 @@ CustomTool WithSteps(std::initializer_list<StringView> names) {
   CustomTool tool;
   tool.Name = u"chain";
   std::size_t step = 0;
-  for (const StringView name : names) tool.StepNames[++step] = name;
-  while (step < kMostSteps) tool.StepNames[++step] = u"None Selected";
+  for (const StringView name : names) tool.Steps[step++].Name = name;
   return tool;
 }
 
@@ -36,26 +36,22 @@ class CustomToolRunnerTest : public AppTest {
     App().Menu.CustMenus[0].Click();
     return App().RichTextBox1.Text();
   }
-  String RunOnFile(const std::string& bytes) {
-    SharedFields& fields = App().Fields;
-    fields.BatchMode = true;
-    fields.BatchCurrentFile = Files.Put(u"file.txt", bytes);
-    fields.InputFileNum = std::make_unique<TextReader>(fields.BatchCurrentFile);
-    const auto end = [&] {
-      fields.BatchMode = false;
-      fields.InputFileNum.reset();
-      fields.OutputFileNum.reset();
-    };
+  // The result of custom tool 1, or of `pass`, as bytes.
+  std::string BytesOnFile(const std::string& bytes, CustomToolPass& pass) {
+    const String file = Files.Put(u"file.txt", bytes);
+    FileRun run(file, Data.Path());
     ToolContext context = App().Context();
-    try {
-      App().CustomTools.Run(context, 1);
-    } catch (...) {
-      end();
-      throw;
-    }
-    end();
-    EXPECT_EQ(BytesOf(fields.BatchCurrentFile), bytes) << "the file waits for the driver";
-    return ReadTextFile(fields.TempFile1).Text;
+    context.File = &run;
+    App().CustomTools.RunOnFile(context, pass);
+    EXPECT_EQ(BytesOf(file), bytes) << "the file waits for the driver";
+    std::string result;
+    run.Result().ReadRest([&result](std::string_view part) { result += part; });
+    return result;
+  }
+  CustomToolPass Pass() { return {.Tool = ReadRecord(ReadDataFile(Data / u"FLURNCUS.DAT"), 1)}; }
+  String RunOnFile(const std::string& bytes) {
+    CustomToolPass pass = Pass();
+    return FromUtf8(BytesOnFile(bytes, pass));
   }
 };
 
@@ -63,8 +59,9 @@ TEST_F(CustomToolRunnerTest, RunsItsStepsInOrderAsOneStepOfUndo) {
   CustomTool tool =
       WithSteps({u"Remove Leading \">\" Signs", u"None Selected", u"Search and Replace",
                  u"no tool at all", u"Add Trailing Carriage Returns"});
-  tool.StepSearch[3] = {.SearchText = u"a b", .ReplaceText = u"x\r\ny", .MatchCase = 1};
-  tool.StepAdd[5] = {u"6", 0, 0};
+  tool.Steps[2].Settings =
+      SearchSettings{.SearchFor = u"a b", .ReplaceWith = u"x\r\ny", .MatchCase = true};
+  tool.Steps[4].Settings = AddSettings{u"6", false};
   StartWith({tool});
   SearchReplaceForm& search = App().Tools.SearchReplaceForm;
   search.Text1.Text = u"mine";
@@ -74,7 +71,6 @@ TEST_F(CustomToolRunnerTest, RunsItsStepsInOrderAsOneStepOfUndo) {
   EXPECT_EQ(search.Text1.Text.Get(), u"mine");
   EXPECT_EQ(App().Tools.AddCarriageForm.Text1.Text.Get(), u"99");
   EXPECT_EQ(App().Tools.AddCarriageForm.Check1.Value, 1);
-  EXPECT_FALSE(App().Fields.CustomToolRunning);
   EXPECT_EQ(ReadWorkFile(App().Fields.TempFile1), text);
   App().Menu.UndoEditMenu.Click();
   EXPECT_EQ(App().RichTextBox1.Text(), text);
@@ -117,7 +113,7 @@ TEST_F(CustomToolRunnerTest, EveryStepNameRuns) {
   for (const Case& c : cases) {
     SCOPED_TRACE(ToUtf8(c.Step));
     CustomTool tool = WithSteps({c.Step});
-    tool.StepSearch[1] = {.SearchText = u"a", .ReplaceText = u"x"};
+    tool.Steps[0].Settings = SearchSettings{.SearchFor = u"a", .ReplaceWith = u"x"};
     WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(tool, 1));
     EXPECT_EQ(Run(c.Text), c.Result);
   }
@@ -126,8 +122,9 @@ TEST_F(CustomToolRunnerTest, EveryStepNameRuns) {
 
 TEST_F(CustomToolRunnerTest, ShowsTheSettingsThatAStepAsksFor) {
   CustomTool tool = WithSteps({u"Search and Replace", u"Search and Replace"});
-  tool.StepSearch[1] = {.SearchText = u"a", .ReplaceText = u"b", .ShowSettings = 1};
-  tool.StepSearch[2] = {.SearchText = u"b", .ReplaceText = u"c"};
+  tool.Steps[0].Settings = SearchSettings{.SearchFor = u"a", .ReplaceWith = u"b"};
+  tool.Steps[0].ShowSettings = true;
+  tool.Steps[1].Settings = SearchSettings{.SearchFor = u"b", .ReplaceWith = u"c"};
   StartWith({tool});
   SearchReplaceForm& form = App().Tools.SearchReplaceForm;
   Windows.OnModal = [&](Form& shown) {
@@ -146,7 +143,7 @@ TEST_F(CustomToolRunnerTest, ShowsTheSettingsThatAStepAsksFor) {
 TEST_F(CustomToolRunnerTest, ChainOnASelection) {
   CustomTool page = WithSteps({u"Convert FROM HTML", u"All Upper Case"});
   CustomTool gone = WithSteps({u"Search and Replace", u"All Upper Case"});
-  gone.StepSearch[1].SearchText = u"ab";
+  gone.Steps[0].Settings = SearchSettings{.SearchFor = u"ab"};
   StartWith({page, gone});
   RichTextBox& box = App().RichTextBox1;
   box.SetText(u"<BODY>\r\nab<B>c</B>");
@@ -162,7 +159,7 @@ TEST_F(CustomToolRunnerTest, ChainOnASelection) {
 
 TEST_F(CustomToolRunnerTest, ProgramOfAStepStaysOutOfTheWindow) {
   CustomTool tool = WithSteps({u"Run Program", u"All Upper Case"});
-  tool.StepRun[1] = {u"/bin/true", u"x"};
+  tool.Steps[0].Settings = RunSettings{u"/bin/true", u"x"};
   StartWith({tool});
   const auto& program = App().Tools.RunProgramSettings.Text1.Text;
   EXPECT_EQ(Run(u"ab"), u"AB");
@@ -176,7 +173,7 @@ TEST_F(CustomToolRunnerTest, NothingComesBetweenTheSteps) {
   const String waits = Files.Put(u"waits", "#!/bin/sh\nsleep 0.1\n");
   std::filesystem::permissions(ToUtf8(waits), std::filesystem::perms::owner_all);
   CustomTool first = WithSteps({u"Run Program", u"All Upper Case"});
-  first.StepRun[1].Program = waits;
+  first.Steps[0].Settings = RunSettings{waits, {}};
   StartWith({first, WithSteps({u"All Lower Case", u"All Lower Case"})});
   const String file = Files.Put(u"document.txt", "one two three");
   Windows.ChosenFile = file;
@@ -231,23 +228,71 @@ TEST_F(CustomToolRunnerTest, FileKeepsItsFormatAlongTheChain) {
   for (const Case& c : cases) {
     SCOPED_TRACE(ToUtf8(c.First));
     CustomTool tool = WithSteps({c.First, u"Search and Replace"});
-    tool.StepSearch[2] = {
-        .SearchText = String(c.Search), .ReplaceText = String(c.Replacement), .CodeMode = 1};
+    tool.Steps[1].Settings = SearchSettings{
+        .SearchFor = String(c.Search), .ReplaceWith = String(c.Replacement), .ByCodes = true};
     WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(tool, 1));
-    RunOnFile(c.In);
-    EXPECT_EQ(BytesOf(App().Fields.TempFile1), c.Out);
+    CustomToolPass pass = Pass();
+    EXPECT_EQ(BytesOnFile(c.In, pass), c.Out);
   }
 }
 
-TEST_F(CustomToolRunnerTest, FailureEndsTheRunWithoutAWord) {
+// What is done and what is not, when a step or the record is at fault.
+TEST_F(CustomToolRunnerTest, FailureEndsTheRunAndIsTold) {
+  CustomTool page = WithSteps({u"All Upper Case", u"Convert TO HTML", u"All Lower Case"});
+  page.Steps[1].Settings = HtmlSettings{.HeaderFile = Files / u"gone"};
+  CustomTool typo = WithSteps({u"Search and Replace", u"All Upper Case"});
+  typo.Steps[0].Settings = SearchSettings{.SearchFor = u"a<OR>"};
+  CustomTool program = WithSteps({u"Run Program", u"All Upper Case"});
+  program.Steps[0].Settings = RunSettings{Files / u"gone", {}};
   StartWith({WithSteps({u"All Upper Case"})});
-  const std::string cut = "Tool1:\r\nchain\r\nAll Upper Case\r\n";
-  Data.Put(u"FLURNCUS.DAT", cut);
-  EXPECT_EQ(Run(u"ab"), u"ab");
-  DeleteFile(Data / u"FLURNCUS.DAT");
-  EXPECT_EQ(Run(u"ab"), u"ab");
-  EXPECT_TRUE(Windows.Notices.empty());
-  EXPECT_FALSE(App().Fields.CustomToolRunning);
+  using Names = std::vector<String>;
+  const struct {
+    const char* Name;
+    std::vector<String> Record;
+    StringView Text;
+    Names Done, NotDone;
+    StringView Notice;  // a part of it
+  } cases[] = {
+      {"a step that can't be done ends the run",
+       RecordLines(page, 1),
+       u"AB",
+       {u"All Upper Case"},
+       {u"Convert TO HTML", u"All Lower Case"},
+       u"gone"},
+      {"a tool's own message does not",
+       RecordLines(typo, 1),
+       u"AB\r\n",
+       {u"All Upper Case"},
+       {u"Search and Replace"},
+       u"<OR>"},
+      {"nor a program's",
+       RecordLines(program, 1),
+       u"AB",
+       {u"All Upper Case"},
+       {u"Run Program"},
+       u"cannot be accessed"},
+      {"a record that is cut off",
+       {u"Tool1:", u"chain", u"All Upper Case"},
+       u"ab",
+       {},
+       {},
+       u"cut off"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Name);
+    Windows.Notices.clear();
+    WriteDataFile(Data / u"FLURNCUS.DAT", c.Record);
+    EXPECT_EQ(Run(u"ab"), c.Text);
+    ASSERT_EQ(Windows.Notices.size(), 1u);
+    EXPECT_TRUE(Contains(Windows.Notices[0], c.Notice)) << ToUtf8(Windows.Notices[0]);
+    App().RichTextBox1.SetText(u"ab");
+    ToolContext context = App().Context();
+    const CustomToolResult result = App().CustomTools.Run(context, 1);
+    EXPECT_EQ(result.Done, c.Done);
+    EXPECT_EQ(result.NotDone, c.NotDone);
+    EXPECT_FALSE(result.Whole());
+    EXPECT_EQ(ReadWorkFile(App().Fields.TempFile1), u"ab");
+  }
 }
 
 TEST_F(CustomToolRunnerTest, MenuKeysAndButtonsHaveTheirGuards) {
@@ -281,42 +326,43 @@ TEST_F(CustomToolRunnerTest, MenuKeysAndButtonsHaveTheirGuards) {
 // The first file of a batch asks, the others take what was chosen there.
 TEST_F(CustomToolRunnerTest, BatchAsksOncePerPass) {
   CustomTool tool = WithSteps({u"Add Trailing Carriage Returns", u"Search and Replace"});
-  tool.StepAdd[1] = {u"60", 1, 0};
-  tool.StepSearch[2] = {.SearchText = u"a", .ReplaceText = u"b", .ShowSettings = 1};
+  tool.Steps[0].Settings = AddSettings{u"60", true};
+  tool.Steps[1].Settings = SearchSettings{.SearchFor = u"a", .ReplaceWith = u"b"};
+  tool.Steps[1].ShowSettings = true;
   StartWith({tool});
+  SearchReplaceForm& search = App().Tools.SearchReplaceForm;
+  search.Text1.Text = u"mine";
   std::vector<String> shown;
   Windows.OnModal = [&](Form& form) {
     shown.push_back(form.Caption);
-    if (&form == &App().Tools.SearchReplaceForm) {
-      EXPECT_EQ(App().Tools.SearchReplaceForm.Text2.Text.Get(), u"b");
-      App().Tools.SearchReplaceForm.Text2.Text = u"x";
+    if (&form == &search) {
+      EXPECT_EQ(search.Text2.Text.Get(), u"b");
+      search.Text2.Text = u"x";
+    } else {
+      EXPECT_EQ(App().CustomTools.CustShowWinNotice.Label2.Caption.Get(), u"Tool #2 Notice");
     }
     form.CloseByFrame();
   };
-  App().CustomTools.ToolPass = 2;
-  App().CustomTools.PassSettingsPending.fill(true);
-  EXPECT_EQ(RunOnFile("abc"), u"xbc\r\n");
+  CustomToolPass pass = Pass();
+  pass.Number = 2;
+  EXPECT_EQ(BytesOnFile("abc", pass), "xbc\r\n");
+  EXPECT_EQ(BytesOnFile("aa", pass), "xx\r\n");
   EXPECT_EQ(shown.size(), 2u);
-  EXPECT_FALSE(App().CustomTools.PassSettingsPending[2]);
-  EXPECT_TRUE(App().CustomTools.PassSettingsPending[1]);
-  EXPECT_EQ(RunOnFile("aa"), u"xx\r\n");
-  EXPECT_EQ(shown.size(), 2u);
-
-  App().CustomTools.ClearShowSettings();
-  EXPECT_EQ(App().CustomTools.Steps().StepSearch[2].ShowSettings, 0);
+  EXPECT_EQ(search.Text1.Text.Get(), u"mine");
 }
 
 TEST_F(CustomToolRunnerTest, BatchTellsOfRenamesAndOfNothingMade) {
   StartWith({WithSteps({u"Convert TO HTML", u"Convert FROM HTML"})});
   std::string renames;
-  App().CustomTools.RenameToHtml = [&] { renames += "html "; };
-  App().CustomTools.RenameToTxt = [&] { renames += "txt "; };
-  EXPECT_EQ(RunOnFile("T\r\na"), u"T\r\na\r\n");
+  CustomToolPass pass = Pass();
+  pass.RenameToHtml = [&] { renames += "html "; };
+  pass.RenameToTxt = [&] { renames += "txt "; };
+  EXPECT_EQ(BytesOnFile("T\r\na", pass), "T\r\na\r\n");
   EXPECT_EQ(renames, "html txt ");
 
-  WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(WithSteps({u"Capitalize Custom Words"}), 1));
+  pass.Tool = WithSteps({u"Capitalize Custom Words", u"None Selected"});
   try {
-    RunOnFile("a");
+    BytesOnFile("a", pass);
     ADD_FAILURE() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.Code, kFileNotFound);

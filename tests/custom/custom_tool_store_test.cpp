@@ -14,7 +14,6 @@ namespace {
 CustomTool Named(StringView name) {
   CustomTool tool;
   tool.Name = name;
-  for (std::size_t step = 1; step <= kMostSteps; ++step) tool.StepNames[step] = u"None Selected";
   return tool;
 }
 
@@ -28,13 +27,13 @@ class StoreTest : public testing::Test {
   std::string File() const { return BytesOf(path_); }
   void Fill() {
     CustomTool second = Named(u"My Two");
-    second.StepNames[1] = u"Add Trailing Carriage Returns";
-    second.StepAdd[1] = {u"60", 1, 0};
+    second.Steps[0].Name = u"Add Trailing Carriage Returns";
+    second.Steps[0].Settings = AddSettings{u"60", true};
     CustomTool third = Named(u"Custom Tool #3");
-    third.StepNames[1] = u"Search and Replace";
-    third.StepSearch[1].SearchText = u"a";
-    third.StepNames[2] = u"Convert TO HTML";
-    third.StepNames[3] = u"Run Program";
+    third.Steps[0].Name = u"Search and Replace";
+    third.Steps[0].Settings = SearchSettings{.SearchFor = u"a"};
+    third.Steps[1].Name = u"Convert TO HTML";
+    third.Steps[2].Name = u"Run Program";
     store_.Append(Named(u"One"), 0);
     store_.Append(second, 1);
     store_.Append(third, 2);

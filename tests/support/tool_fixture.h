@@ -3,54 +3,48 @@
 
 #include "platform/system/text_file.h"
 #include "support/app_fixture.h"
+#include "tools/catalogue.h"
+#include "tools/file_run.h"
 
 class ToolTest : public AppTest {
  protected:
-  using RunFunction = void (*)(ToolContext&);
+  void SetUp() override {
+    Start();
+    // The report of Search and Replace.
+    Windows.OnModal = [](Form& form) {
+      EXPECT_NE(dynamic_cast<ReplaceFoundNum*>(&form), nullptr) << ToUtf8(form.Caption.Get());
+      form.CloseByFrame();
+    };
+  }
 
-  void SetUp() override { Start(); }
-
-  ToolContext Context() {
-    return {App().Fields, App().RichTextBox1, App().Messages, Windows, App().Tools};
+  // Runs a tool, with what its window holds where it has settings.
+  static void Run(ToolContext& context, StringView tool) {
+    const Tool& found = *FindTool(tool);
+    found.Run(context, SettingsInWindow(found, context.Tools));
   }
 
   // What the tool makes of the editor's text, nothing being selected.
-  String OnEditor(RunFunction run, StringView text) {
+  String OnEditor(StringView tool, StringView text) {
     App().RichTextBox1.SetText(text);
-    ToolContext context = Context();
-    run(context);
+    ToolContext context = App().Context();
+    Run(context, tool);
     return App().RichTextBox1.Text();
   }
 
   // What the tool makes of a file in UTF-8. A text that holds LF and no CR is a Unix text.
   // RuntimeError as the tool raises it.
-  String OnFile(RunFunction run, StringView text) {
-    SharedFields& fields = App().Fields;
-    fields.BatchCurrentFile = Files.Put(u"in.txt", ToUtf8(text));
-    fields.InputFileNum = std::make_unique<TextReader>(fields.BatchCurrentFile);
-    fields.BatchMode = true;
-    ToolContext context = Context();
-    try {
-      run(context);
-    } catch (...) {
-      EndFile();
-      throw;
-    }
-    EndFile();
-    return ReadTextFile(fields.TempFile1).Text;
+  String OnFile(StringView tool, StringView text) {
+    FileRun run(Files.Put(u"in.txt", ToUtf8(text)), Data.Path());
+    ToolContext context = App().Context();
+    context.File = &run;
+    Run(context, tool);
+    return ReadTextFile(run.Result()).Text;
   }
 
   // What both make of it; a difference fails the test. The text is not blank.
-  String OnBoth(RunFunction run, StringView text) {
-    const String result = OnEditor(run, text);
-    EXPECT_EQ(OnFile(run, text), result) << "file path";
+  String OnBoth(StringView tool, StringView text) {
+    const String result = OnEditor(tool, text);
+    EXPECT_EQ(OnFile(tool, text), result) << "file path";
     return result;
-  }
-
- private:
-  void EndFile() {
-    App().Fields.BatchMode = false;
-    App().Fields.InputFileNum.reset();
-    App().Fields.OutputFileNum.reset();
   }
 };

@@ -25,13 +25,11 @@ TEST_F(CharacterRepair, CleansAlikeOnEditorAndFile) {
       // Blank on the way: the signs are all there is.
       {u"Email Cleanup - Poem or List", u">\r\n> >\r\n", u""},
   };
-  // As a step of a chain, which reports nothing.
-  App().Fields.CustomToolRunning = true;
+  // They report nothing.
+  Windows.OnModal = [](Form& shown) { ADD_FAILURE() << ToUtf8(shown.Caption.Get()); };
   for (const Case& c : cases) {
     SCOPED_TRACE(ToUtf8(c.Tool) + ": " + ToUtf8(c.Text));
-    EXPECT_EQ(OnBoth(FindTool(c.Tool)->Run, c.Text), c.Result);
-    EXPECT_EQ(App().Tools.SearchReplaceForm.Text1.Text.Get(), u"151")
-        << "settings of the last pass";
+    EXPECT_EQ(OnBoth(c.Tool, c.Text), c.Result);
   }
   EXPECT_TRUE(Windows.Notices.empty());
 }
@@ -57,7 +55,6 @@ TEST_F(CharacterRepair, IsOneToolOnTheEditor) {
     EXPECT_EQ(ReadWorkFile(App().Fields.TempFile1), text);
     EXPECT_EQ(form.Text1.Text.Get(), u"mine");
     EXPECT_EQ(form.Check3.Value, 1);
-    EXPECT_FALSE(App().Fields.CustomToolRunning);
     App().Menu.UndoEditMenu.Click();
     EXPECT_EQ(App().RichTextBox1.Text(), text);
   }
@@ -70,6 +67,18 @@ TEST_F(CharacterRepair, WorksOnASelection) {
   box.SetSelLength(5);
   App().Command12.Click();
   EXPECT_EQ(box.Text(), u"> a\r\n\"b\"\r\n> c");
+  // An equal place in front of it is not taken for the selection by the steps behind the first.
+  box.SetText(u"code:\r\n  hi\r\nreply:\r\n>  hi\r\nend");
+  box.SetSelStart(21);
+  box.SetSelLength(5);
+  App().Command11.Click();
+  EXPECT_EQ(box.Text(), u"code:\r\n  hi\r\nreply:\r\nhi \r\nend");
+  // A lone LF whose first equal is half a line end, which can't be selected.
+  box.SetText(u"  abc\r\n  x\ny\r\n");
+  box.SetSelStart(10);
+  box.SetSelLength(1);
+  App().Command11.Click();
+  EXPECT_EQ(box.Text().substr(0, 10), u"  abc\r\n  x");
   // Nothing is left of it: the rest of the text is not touched instead.
   box.SetText(u"> a\r\n\r\n \r\n> c");
   box.SetSelStart(5);
@@ -81,12 +90,10 @@ TEST_F(CharacterRepair, WorksOnASelection) {
 TEST_F(CharacterRepair, ATextOfTooManyLinesIsRefusedOnce) {
   String text;
   for (int i = 0; i < 30001; ++i) text += u"> \u201Ca\u201D\r\n";
-  for (const Tool& tool : Catalogue()) {
-    if (tool.Click != EmailCleanupFromMenu && tool.Click != EmailCleanupPoemFromMenu &&
-        tool.Click != FixUpperASCIIFromMenu)
-      continue;
+  for (const StringView tool : {kEmailStandard, kEmailPoem,
+                                StringView(u"Fix Odd-Looking Characters (upper->lower ASCII)")}) {
     Windows.Notices.clear();
-    EXPECT_EQ(OnEditor(tool.Click, text), text);
+    EXPECT_EQ(OnEditor(tool, text), text);
     EXPECT_EQ(Windows.Notices,
               std::vector<String>{u"The text has more than 30000 lines and was not changed."});
   }

@@ -60,8 +60,7 @@ class GoldenTest : public ToolTest {
     const auto read = [&](const char* name) {
       return ReadTextFile(FromUtf8((folder / name).string())).Text;
     };
-    // As a step of a chain, which reports nothing.
-    Start().Fields.CustomToolRunning = true;
+    Start();
     const Tool* tool = nullptr;
     for (TextReader settings(FromUtf8((folder / "settings").string())); !settings.AtEnd();) {
       const std::string line = ToUtf8(settings.ReadLine());
@@ -79,9 +78,9 @@ class GoldenTest : public ToolTest {
     const String in = read("in.txt");
     const String out = read("out.txt");
     const String onEditor = fs::exists(folder / "out.editor.txt") ? read("out.editor.txt") : out;
-    EXPECT_EQ(OnFile(tool->Run, in), out) << "file path";
+    EXPECT_EQ(OnFile(tool->StoredName, in), out) << "file path";
     App().Tools.Replacing = {};
-    EXPECT_EQ(OnEditor(tool->Run, in), onEditor) << "editor";
+    EXPECT_EQ(OnEditor(tool->StoredName, in), onEditor) << "editor";
     shown_.insert(String(tool->StoredName));
   }
 

@@ -41,23 +41,40 @@ TEST_F(HtmlTest, TextFromPages) {
   for (const Case& c : cases) {
     SCOPED_TRACE(ToUtf8(c.Page));
     const String page = u"<HTML>\r\n<BODY>\r\nx\r\n" + String(c.Page) + u"\r\nx";
-    EXPECT_EQ(OnBoth(ConvertFROMHTML, page), u"x\r\n" + String(c.Text) + u"x\r\n");
-    EXPECT_EQ(OnEditor(ConvertFROMHTML, page), u"x\r\n" + String(c.Text) + u"x\r\n");
+    EXPECT_EQ(OnBoth(kFromHtml, page), u"x\r\n" + String(c.Text) + u"x\r\n");
+    EXPECT_EQ(OnEditor(kFromHtml, page), u"x\r\n" + String(c.Text) + u"x\r\n");
     EXPECT_EQ(ReadWorkFile(App().Fields.TempFile1), page);
   }
-  EXPECT_EQ(OnBoth(ConvertFROMHTML, u"head\r\n<TITLE>t</TITLE>\r\n<P>\r\n<BODY><P>\r\na\r\n<P>"),
+  EXPECT_EQ(OnBoth(kFromHtml, u"head\r\n<TITLE>t</TITLE>\r\n<P>\r\n<BODY><P>\r\na\r\n<P>"),
             u"head\r\n\r\na\r\n");
+}
+
+// A lone LF that is left over counts as the character that it is on both paths.
+TEST_F(HtmlTest, UnixPageGivesTheSameBytesOnBothPaths) {
+  const String file = Files.Put(u"page", "<BODY>\nx<br>\t<P><Br> \n");
+  FileRun run(file, Data.Path());
+  ToolContext onFile = App().Context();
+  onFile.File = &run;
+  Run(onFile, kFromHtml);
+  std::string bytes;
+  run.Result().ReadRest([&bytes](std::string_view part) { bytes += part; });
+  RichTextBox& box = App().RichTextBox1;
+  const TextFormat format = box.LoadFile(file);
+  ToolContext onEditor = App().Context();
+  Run(onEditor, kFromHtml);
+  box.SaveFile(file, format);
+  EXPECT_EQ(bytes, BytesOf(file));
 }
 
 TEST_F(HtmlTest, PageWithoutBody) {
   for (const StringView page : {u"<HTML><BODY>\r\na", u"a"}) {
-    EXPECT_EQ(OnEditor(ConvertFROMHTML, page), page);
+    EXPECT_EQ(OnEditor(kFromHtml, page), page);
     EXPECT_EQ(Windows.Notices,
               std::vector<String>{u"No <BODY> tag was found.  In order to convert from HTML to "
                                   u"text, there must be a <BODY> tag in the file."});
     Windows.Notices.clear();
     try {
-      OnFile(ConvertFROMHTML, page);
+      OnFile(kFromHtml, page);
       ADD_FAILURE() << "no error";
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.Code, kNoBodyTag);
@@ -232,11 +249,11 @@ TEST_F(HtmlTest, PagesFromText) {
     SCOPED_TRACE(ToUtf8(c.Text));
     form.Check1.Value = c.BreakLines;
     form.Check2.Value = c.NoTitle;
-    EXPECT_EQ(OnBoth(ConvertToHTML, c.Text), c.Result);
+    EXPECT_EQ(OnBoth(kToHtml, c.Text), c.Result);
   }
   form.Check1.Value = form.Check2.Value = 0;
   App().Fields.NoHtmlHeaderFooter = true;
-  EXPECT_EQ(OnBoth(ConvertToHTML, u"T\r\na"), u"<B><U>T</U></B>\r\na\r\n<P>\r\n");
+  EXPECT_EQ(OnBoth(kToHtml, u"T\r\na"), u"<B><U>T</U></B>\r\na\r\n<P>\r\n");
 }
 
 TEST_F(HtmlTest, HeaderAndFooterFiles) {
@@ -244,12 +261,12 @@ TEST_F(HtmlTest, HeaderAndFooterFiles) {
   form.Text1.Text =
       Files.Put(u"head", "<head><title>old</title>\n<Title>old\nold\n</TITLE>x\n<body>\n");
   form.Text2.Text = Files.Put(u"foot", "</body>\n");
-  EXPECT_EQ(OnBoth(ConvertToHTML, u"T\r\na"),
+  EXPECT_EQ(OnBoth(kToHtml, u"T\r\na"),
             u"<head><TITLE>T</title>\r\n<TITLE>T\r\n</TITLE>x\r\n<body>\r\n<B><U>T</U></B>\r\na\r\n"
             u"<P>\r\n</body>\r\n");
   form.Check2.Value = 1;
   EXPECT_EQ(
-      OnBoth(ConvertToHTML, u"T\r\na"),
+      OnBoth(kToHtml, u"T\r\na"),
       u"<head><title>old</title>\r\n<Title>old\r\nold\r\n</TITLE>x\r\n<body>\r\nT\r\na\r\n<P>\r\n"
       u"</body>\r\n");
 
@@ -268,10 +285,10 @@ TEST_F(HtmlTest, HeaderAndFooterFiles) {
   for (const auto& c : failures) {
     form.Text1.Text = c.Header;
     Windows.Notices.clear();
-    EXPECT_EQ(OnEditor(ConvertToHTML, c.Text), c.Text);
+    EXPECT_EQ(OnEditor(kToHtml, c.Text), c.Text);
     EXPECT_EQ(Windows.Notices.size(), 1u);
     try {
-      OnFile(ConvertToHTML, c.Text);
+      OnFile(kToHtml, c.Text);
       ADD_FAILURE() << "no error";
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.Code, c.Code);
@@ -312,10 +329,10 @@ String SlowLinks(String line) {
 TEST_F(HtmlTest, TextOfTooManyLinesIsRefusedWhole) {
   String page = u"<BODY>\r\n";
   for (int i = 0; i < 15001; ++i) page += u"<P>x\r\n";
-  EXPECT_EQ(OnEditor(ConvertFROMHTML, page), page);
+  EXPECT_EQ(OnEditor(kFromHtml, page), page);
   EXPECT_EQ(Windows.Notices,
             std::vector<String>{u"The text has more than 30000 lines and was not changed."});
-  EXPECT_THROW(OnFile(ConvertFROMHTML, page), RuntimeError);
+  EXPECT_THROW(OnFile(kFromHtml, page), RuntimeError);
 }
 
 // The body as the rules say.

@@ -1,7 +1,5 @@
 // Real programs: shell scripts that the tests write.
 
-#include "tools/run_program.h"
-
 #include <chrono>
 #include <sys/stat.h>
 #include <thread>
@@ -9,6 +7,7 @@
 #include "platform/system/process.h"
 #include "support/tool_fixture.h"
 #include "text/runtime_error.h"
+#include "tools/catalogue.h"
 
 namespace {
 
@@ -45,15 +44,10 @@ TEST_F(RunProgramTest, TakesBackWhatTheProgramLeaves) {
              "echo \"$#:$1:$2\" > \"" +
                  ToUtf8(Files / u"arguments") + "\""),
       u"  -x  \"two words\"  ");
-  EXPECT_EQ(OnBoth(RunProgramAsSet, u"abc\r\ndef"), u"ABC\r\nDEF");
+  EXPECT_EQ(OnBoth(kRunProgram, u"abc\r\ndef"), u"ABC\r\nDEF");
   EXPECT_EQ(BytesOf(Files / u"arguments"), "2:-x:two words\n");
-  OnEditor(RunProgramAsSet, u"abc");
+  OnEditor(kRunProgram, u"abc");
   EXPECT_EQ(ReadWorkFile(App().Fields.TempFile1), u"abc");
-
-  String arguments = u"  -x  ";
-  ToolContext context = Context();
-  RunProgram(context, App().Tools.RunProgramSettings.Text1.Text, arguments);
-  EXPECT_EQ(arguments, u" -x");
   EXPECT_TRUE(TakeNotices().empty());
 }
 
@@ -66,8 +60,8 @@ TEST_F(RunProgramTest, WorksOnASelection) {
     box.SetText(u"one two three");
     box.SetSelStart(4);
     box.SetSelLength(3);
-    ToolContext context = Context();
-    RunProgramAsSet(context);
+    ToolContext context = App().Context();
+    Run(context, kRunProgram);
     EXPECT_EQ(box.Text(), u"one XYZ three");
   }
 }
@@ -107,19 +101,22 @@ TEST_F(RunProgramTest, ProgramThatFails) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.Name);
     Set(c.Program);
-    EXPECT_EQ(OnEditor(RunProgramAsSet, u"abc"), c.Text);
+    EXPECT_EQ(OnEditor(kRunProgram, u"abc"), c.Text);
     const auto notices = TakeNotices();
     EXPECT_EQ(notices.empty() ? String() : notices.front(), c.Notice);
-    App().Fields.CheckingRunProgram = false;
+    FileRun run(Files.Put(u"in.txt", "abc"), Data.Path());
+    ToolContext context = App().Context();
+    context.File = &run;
     int code = 0;
     try {
-      EXPECT_EQ(OnFile(RunProgramAsSet, u"abc"), c.Text);
+      Run(context, kRunProgram);
+      EXPECT_EQ(ReadTextFile(run.Result()).Text, c.Text);
     } catch (const RuntimeError& error) {
       code = error.Code;
     }
     EXPECT_EQ(code, c.FileCode);
-    EXPECT_EQ(App().Fields.CheckingRunProgram, c.Aborts);
-    App().Fields.CheckingRunProgram = false;
+    EXPECT_EQ(run.HasResult(), c.FileCode == 0);
+    EXPECT_EQ(run.CheckingRunProgram, c.Aborts);
   }
 }
 

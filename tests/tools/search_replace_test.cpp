@@ -23,10 +23,6 @@ SearchSettings SettingsOf(StringView search, StringView replacement, int how) {
 
 class SearchReplaceTest : public ToolTest {
  protected:
-  void SetUp() override {
-    ToolTest::SetUp();
-    App().Fields.CustomToolRunning = true;  // no report
-  }
   void Set(StringView search, StringView replacement, int how = 0) {
     App().Tools.SearchReplaceForm.Use(SettingsOf(search, replacement, how));
   }
@@ -74,7 +70,7 @@ TEST_F(SearchReplaceTest, ReplacesAlikeOnEditorAndFile) {
     SCOPED_TRACE(ToUtf8(c.Search) + " -> " + ToUtf8(c.Replacement) + " in " + ToUtf8(c.Text));
     App().Tools.Replacing = {};
     Set(c.Search, c.Replacement, c.How);
-    EXPECT_EQ(OnBoth(SearchReplace, c.Text), c.Result);
+    EXPECT_EQ(OnBoth(kSearchAndReplace, c.Text), c.Result);
     EXPECT_EQ(Count(), c.Count);
   }
   EXPECT_TRUE(Windows.Notices.empty());
@@ -114,14 +110,14 @@ TEST_F(SearchReplaceTest, BadSettings) {
     SCOPED_TRACE(ToUtf8(c.Search.substr(0, 20)) + " -> " + ToUtf8(c.Replacement));
     Windows.Notices.clear();
     Set(c.Search, c.Replacement, c.How);
-    EXPECT_EQ(OnEditor(SearchReplace, u"a\r\nb"), c.Result);
+    EXPECT_EQ(OnEditor(kSearchAndReplace, u"a\r\nb"), c.Result);
     ASSERT_EQ(Windows.Notices.size(), c.Notices.size());
     for (std::size_t i = 0; i < c.Notices.size(); ++i) {
       if (c.Notices[i].empty()) continue;
       EXPECT_EQ(Windows.Notices[i], c.Notices[i]);
     }
     try {
-      OnFile(SearchReplace, u"a\r\nb");
+      OnFile(kSearchAndReplace, u"a\r\nb");
       ADD_FAILURE() << "no error";
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.Code, c.Code);
@@ -132,13 +128,13 @@ TEST_F(SearchReplaceTest, BadSettings) {
 TEST_F(SearchReplaceTest, MostReplacements) {
   Set(u"a", u"b");
   const String most(32767, u'a');
-  EXPECT_EQ(OnEditor(SearchReplace, most), String(32767, u'b') + String(kCrLf));
+  EXPECT_EQ(OnEditor(kSearchAndReplace, most), String(32767, u'b') + String(kCrLf));
   EXPECT_EQ(Count(), 32767);
-  EXPECT_EQ(OnEditor(SearchReplace, most + u"a"), most + u"a");
+  EXPECT_EQ(OnEditor(kSearchAndReplace, most + u"a"), most + u"a");
   EXPECT_EQ(Windows.Notices.size(), 1u);
   EXPECT_EQ(Count(), 0);
   try {
-    OnFile(SearchReplace, most + u"a");
+    OnFile(kSearchAndReplace, most + u"a");
     ADD_FAILURE() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.Code, kOverflow);
@@ -421,7 +417,6 @@ TEST_F(SearchReplaceTest, DialogChecksCodesAndText) {
 }
 
 TEST_F(SearchReplaceTest, MenuAsksAndReports) {
-  App().Fields.CustomToolRunning = false;
   SearchReplaceForm& form = App().Tools.SearchReplaceForm;
   std::vector<String> reports;
   Windows.OnModal = [&](Form& shown) {

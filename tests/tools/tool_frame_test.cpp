@@ -5,6 +5,7 @@
 #include "support/app_fixture.h"
 #include "text/runtime_error.h"
 #include "tools/catalogue.h"
+#include "tools/file_run.h"
 #include "tools/selection.h"
 
 namespace {
@@ -84,6 +85,9 @@ TEST_F(ToolFrameTest, LineEndThatAToolAddsIsCutFromASelection) {
       {u"\r\n", u"\r\n", u"\r\n"},
       {u"a", u"", u""},
       {u"a", u"A", u"A"},
+      // An emptied last line, and blank lines that are gone.
+      {u"x\r\n ", u"x\r\n\r\n", u"x\r\n"},
+      {u"a\r\n\r\n", u"a\r\n", u"a\r\n"},
   };
   Start();
   for (const Case& c : cases) {
@@ -92,7 +96,7 @@ TEST_F(ToolFrameTest, LineEndThatAToolAddsIsCutFromASelection) {
     box.SetText(u"<" + String(c.Selected) + u">");
     box.SetSelStart(1);
     box.SetSelLength(c.Selected.size());
-    ToolContext context{App().Fields, box, App().Messages, Windows, App().Tools};
+    ToolContext context = App().Context();
     ToolSelection selection;
     bool keepLineEnd = false;
     selection.SelectedTextBeforeTool(context, keepLineEnd);
@@ -109,7 +113,7 @@ TEST_F(ToolFrameTest, ToolThatFailsOnASelectionLeavesTheWholeText) {
   box.SetText(u"one two three");
   box.SetSelStart(4);
   box.SetSelLength(3);
-  ToolContext context{App().Fields, box, App().Messages, Windows, App().Tools};
+  ToolContext context = App().Context();
   EXPECT_THROW(RunCharacterTool(context, [](StringView, String&) { throw std::bad_alloc(); }),
                std::bad_alloc);
   EXPECT_EQ(box.Text(), u"one two three");
@@ -143,15 +147,15 @@ TEST_F(ToolFrameTest, FilePathReadsLinesAndEndsTheLast) {
   Start();
   for (const Case& c : cases) {
     SCOPED_TRACE(c.Input);
-    SharedFields& fields = App().Fields;
-    fields.BatchMode = true;
-    fields.InputFileNum = std::make_unique<TextReader>(Files.Put(u"in", c.Input));
-    ToolContext context{fields, App().RichTextBox1, App().Messages, Windows, App().Tools};
-    FindTool(u"All Upper Case")->Run(context);
-    EXPECT_EQ(BytesOf(fields.TempFile1), c.Output);
-    EXPECT_TRUE(fields.InputFileNum->AtEnd());
-    EXPECT_FALSE(fields.ToolRan);
-    fields.BatchMode = false;
+    FileRun run(Files.Put(u"in", c.Input), Data.Path());
+    ToolContext context = App().Context();
+    context.File = &run;
+    FindTool(u"All Upper Case")->Run(context, {});
+    std::string output;
+    run.Result().ReadRest([&output](std::string_view bytes) { output += bytes; });
+    EXPECT_EQ(output, c.Output);
+    EXPECT_TRUE(run.Input().AtEnd());
+    EXPECT_FALSE(App().Fields.ToolRan);
   }
 }
 

@@ -44,7 +44,8 @@ void BreakExactly(StringView line, std::size_t position, LineSink& out) {
 }
 
 void WordBreaker::Break(StringView line, std::size_t position, LineSink& out) {
-  if (position < 2 || Trim(line).size() < position) return out.Print(line);
+  const std::size_t text = Trim(line).size();
+  if (text == 0 || text < position) return out.Print(line);
   broken_.Start(line);
   // The end competes from where it stood before the first break.
   const std::size_t end = line.size();

@@ -31,6 +31,7 @@ void BrokenLine::Start(StringView line) {
 }
 
 BrokenLine::Spaces BrokenLine::SpacesRound(std::size_t place) const {
+  if (place == 0) return {{}, At(spaces_.AtOrAfter(0))};
   const std::size_t index = IndexAt(place);
   return {At(spaces_.AtOrBefore(index)), At(spaces_.AtOrAfter(index))};
 }

@@ -23,7 +23,7 @@ class BrokenLine {
   void Start(StringView line);
 
   std::size_t Length() const { return line_.size() + breakCount_; }
-  // The nearest space at `place` or in front of it, and at `place` or behind it. `place` is at most
+  // The nearest space at `place` or in front of it, and at `place` or behind it. `place` is 0 to
   // Length().
   Spaces SpacesRound(std::size_t place) const;
   // Whether nothing but spaces stands behind this space.

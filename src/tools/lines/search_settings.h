@@ -5,9 +5,9 @@
 // What Search and Replace is asked to do.
 struct SearchSettings {
   // Alternatives are parted by "<OR>".
-  String SearchFor;
+  String SearchFor{};
   // Empty deletes.
-  String ReplaceWith;
+  String ReplaceWith{};
   // Both texts are lists of character codes.
   bool ByCodes = false;
   bool WholeWord = false;

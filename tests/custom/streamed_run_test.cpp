@@ -34,7 +34,7 @@ class StreamedRunTest : public AppTest {
     EXPECT_EQ(BytesOf(file), bytes);
     WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(tool, 1));
     const TextFormat format = App().RichTextBox1.LoadFile(file);
-    EXPECT_TRUE(App().RunCustomTool(1));
+    EXPECT_TRUE(App().RunCustomTool(1).Whole());
     App().RichTextBox1.SaveFile(Files / u"edited.txt", format);
     EXPECT_TRUE(BytesOf(Files / u"streamed.txt") == BytesOf(Files / u"edited.txt"));
   }
@@ -46,7 +46,6 @@ class StreamedRunTest : public AppTest {
 TEST_F(StreamedRunTest, MakesWhatTheEditorMakes) {
   CustomTool tool;
   tool.Name = u"chain";
-  tool.StepNames.fill(u"None Selected");
   WriteDataFile(Data / u"FLURNCUS.DAT", RecordLines(tool, 1));
   Start();
   std::vector<const Tool*> tools;
@@ -59,11 +58,11 @@ TEST_F(StreamedRunTest, MakesWhatTheEditorMakes) {
   for (std::size_t i = 0; i < tools.size(); ++i) {
     for (const std::string& text : texts) {
       SCOPED_TRACE(ToUtf8(tools[i]->StoredName));
-      tool.StepNames[2] = tools[i]->StoredName;
-      tool.StepNames[4] = u"None Selected";
+      tool.Steps[1].Name = tools[i]->StoredName;
+      tool.Steps[3].Name = kNoTool;
       Compare(tool, text);
-      tool.StepNames[4] = tools[random_.Number(tools.size() - 1)]->StoredName;
-      SCOPED_TRACE(ToUtf8(tool.StepNames[4]));
+      tool.Steps[3].Name = tools[random_.Number(tools.size() - 1)]->StoredName;
+      SCOPED_TRACE(ToUtf8(tool.Steps[3].Name));
       Compare(tool, text);
     }
   }
@@ -73,12 +72,12 @@ TEST_F(StreamedRunTest, MakesWhatTheEditorMakes) {
 
 TEST_F(StreamedRunTest, LeavesToTheEditorWhatItCannotDo) {
   CustomTool upper;
-  upper.StepNames.fill(u"None Selected");
-  upper.StepNames[1] = u"All Upper Case";
+  upper.Steps[0].Name = u"All Upper Case";
   CustomTool blank = upper;
-  blank.StepNames = {u"", u"Remove Double Spacing", u"All Upper Case", u"", u"", u""};
+  blank.Steps[0].Name = u"Remove Double Spacing";
+  blank.Steps[1].Name = u"All Upper Case";
   CustomTool table = upper;
-  table.StepNames[2] = u"Indent Paragraphs";
+  table.Steps[1].Name = u"Indent Paragraphs";
   const std::string lines(2 * kLarge, '\n');
   std::string large;
   while (large.size() < 2 * kLarge) large += "a line of text\n";
