@@ -2,6 +2,7 @@
 
 #include "platform/system/files.h"
 #include "platform/test_folder.h"
+#include "platform/window/natural_order.h"
 
 namespace {
 
@@ -58,7 +59,7 @@ TEST(FileList, FollowsFolderAndPattern) {
   for (const char* name : {"b.txt", "A.TXT", "c.html", ".d.txt"}) folder.Put(name, "");
   FileListBox list;
   list.Path = folder / "";
-  EXPECT_EQ(list.List.Get(), (Names{u"A.TXT", u"b.txt", u"c.html"}));
+  EXPECT_EQ(list.List.Get(), (Names{u".d.txt", u"A.TXT", u"b.txt", u"c.html"}));
   list.Pattern = u"*.txt";
   EXPECT_EQ(list.List.Get(), (Names{u"A.TXT", u"b.txt"}));
   list.Selected = std::set<int>{1};
@@ -70,6 +71,23 @@ TEST(FileList, FollowsFolderAndPattern) {
   EXPECT_TRUE(list.Selected.Get().empty());
   list.Path = folder / "missing";
   EXPECT_EQ(list.ListCount(), 0);
+}
+
+TEST(FileList, NaturalOrderGoesByValueAndNotByCase) {
+  const TestFolder folder;
+  const Names sorted{u"1", u"02", u"2", u"10", u"a", u"A1", u"a2b", u"a02c", u"a10", u"B"};
+  for (auto name = sorted.rbegin(); name != sorted.rend(); ++name) folder.Put(ToUtf8(*name), "");
+  FileListBox list;
+  list.NaturalOrder = true;
+  list.Path = folder / "";
+  EXPECT_EQ(list.List.Get(), sorted);
+  // And fast.
+  Names names;
+  for (int i = 0; i < 50'000; ++i) names.push_back(u"Picture " + Str(i * 7919 % 50'000) + u".jpeg");
+  const auto start = std::chrono::steady_clock::now();
+  SortNaturally(names);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+  EXPECT_EQ(names[9'999], u"Picture 9999.jpeg");
 }
 
 }  // namespace

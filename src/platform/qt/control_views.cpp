@@ -18,6 +18,7 @@ class Maker : public ControlVisitor {
   void Visit(CheckBox& control) override { Make(control); }
   void Visit(OptionButton& control) override { Make(control); }
   void Visit(ListBox& control) override { Make(control); }
+  void Visit(DiffList& control) override { Make(control); }
   void Visit(ComboBox& control) override { Make(control); }
   void Visit(TabStrip& control) override { Make(control); }
   void Visit(ProgressBar& control) override { Make(control); }

@@ -16,6 +16,7 @@ QWidget* MakeView(TextBox& box, Bindings& bindings);
 QWidget* MakeView(CheckBox& box, Bindings& bindings);
 QWidget* MakeView(OptionButton& button, Bindings& bindings);
 QWidget* MakeView(ListBox& box, Bindings& bindings);
+QWidget* MakeView(DiffList& list, Bindings& bindings);
 QWidget* MakeView(ComboBox& box, Bindings& bindings);
 QWidget* MakeView(TabStrip& strip, Bindings& bindings);
 QWidget* MakeView(ProgressBar& bar, Bindings& bindings);

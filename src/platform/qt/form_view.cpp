@@ -44,6 +44,12 @@ FormView::FormView(Form& form)
       MakeWindow(style_, {[this] { OnClose(); }, [this] { OnEscape(); }, [this] { OnReturn(); }});
   Build();
   bindings_->Follow(form.Caption, [this] { window_->setWindowTitle(TitleOf(form_)); });
+  bindings_->Follow(form.Busy, [this] {
+    if (form_.Busy)
+      window_->setCursor(Qt::BusyCursor);
+    else
+      window_->unsetCursor();
+  });
   bindings_->Watch(form.Visible, [this] {
     if (form_.Visible) return;
     window_->hide();

@@ -26,14 +26,7 @@ class RowsBinding {
                                 : QAbstractItemView::SingleSelection);
     if (marks != ListBox::Marks::CheckBoxes) return;
     rows_->IsTicked = [this](int row) { return selected_.Get().contains(row); };
-    rows_->Tick = [this](int row, bool on) {
-      auto ticked = selected_.Get();
-      if (on)
-        ticked.insert(row);
-      else
-        ticked.erase(row);
-      selected_ = std::move(ticked);
-    };
+    rows_->Tick = [this](int row, bool on) { static_cast<ListBox&>(list_).Select(row, on); };
   }
 
   QListView* View() const { return view_; }
@@ -54,10 +47,15 @@ class RowsBinding {
     if (marks_ == ListBox::Marks::CheckBoxes) rows_->ShowTicks();
     if (marks_ != ListBox::Marks::MultiSelect || selected_.Get() == SelectedRows()) return;
     const Quiet quiet(*this);
+    // By stretches of rows: thousands of single ones would take their time.
     QItemSelection selection;
-    for (const int row : selected_.Get())
-      if (row >= 0 && row < rows_->rowCount())
-        selection.select(rows_->index(row), rows_->index(row));
+    const auto& rows = selected_.Get();
+    for (auto row = rows.lower_bound(0); row != rows.end() && *row < rows_->rowCount();) {
+      const int first = *row;
+      int last = first;
+      while (++row != rows.end() && *row == last + 1 && *row < rows_->rowCount()) ++last;
+      selection.append(QItemSelectionRange(rows_->index(first), rows_->index(last)));
+    }
     view_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
   }
 
@@ -105,7 +103,8 @@ class RowsBinding {
 
   std::set<int> SelectedRows() const {
     std::set<int> rows;
-    for (const auto& index : view_->selectionModel()->selectedIndexes()) rows.insert(index.row());
+    for (const auto& range : view_->selectionModel()->selection())
+      for (int row = range.top(); row <= range.bottom(); ++row) rows.insert(row);
     return rows;
   }
 

@@ -37,6 +37,9 @@ class Picture : public QWidget {
   QIcon icon_;
 };
 
+// "%p", "%v" and "%m" stand for numbers in a bar's text; parted, they stand for themselves.
+QString LiteralFormat(QString text) { return text.replace(u'%', QStringLiteral("%\u200B")); }
+
 }  // namespace
 
 QWidget* MakeView(Label& label, Bindings& bindings) {
@@ -118,5 +121,11 @@ QWidget* MakeView(ProgressBar& bar, Bindings& bindings) {
   };
   bindings.Follow(bar.Maximum, show);
   bindings.Watch(bar.Value, show);
+  bindings.Follow(bar.Text, [&bar, view] {
+    if (bar.Text.Get().empty())
+      view->resetFormat();
+    else
+      view->setFormat(LiteralFormat(ToQt(bar.Text)));
+  });
   return view;
 }

@@ -11,6 +11,7 @@ void TextBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void CheckBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void OptionButton::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void ListBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void DiffList::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void ComboBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void TabStrip::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 void ProgressBar::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
@@ -57,16 +58,12 @@ OptionButton::OptionButton()
       })) {}
 
 void ListControl::AddItem(const String& text) {
-  auto list = List.Get();
-  list.push_back(text);
-  List = std::move(list);
+  List.Change([&](auto& list) { list.push_back(text); });
 }
 
 void ListControl::RemoveItem(int index) {
-  auto list = List.Get();
-  list.erase(list.begin() + index);
   if (ListIndex >= index) ListIndex = -1;
-  List = std::move(list);
+  List.Change([&](auto& list) { list.erase(list.begin() + index); });
 }
 
 void ListControl::Clear() {
@@ -77,12 +74,14 @@ void ListControl::Clear() {
 ListBox::ListBox() : changed_(ListIndex.Observe(Run(OnClick))) {}
 
 void ListBox::Select(int index, bool selected) {
-  auto rows = Selected.Get();
-  if (selected)
-    rows.insert(index);
-  else
-    rows.erase(index);
-  Selected = std::move(rows);
+  if (IsSelected(index) == selected) return;
+  Selected.Change([&](auto& rows) {
+    if (selected)
+      rows.insert(index);
+    else
+      rows.erase(index);
+  });
+  if (Style == Marks::CheckBoxes && ItemChecked) ItemChecked(index);
 }
 
 ComboBox::ComboBox() {

@@ -124,6 +124,7 @@ struct OptionButton : Control {
 
 // What list and combo boxes share. Indexes count from 0; -1 is no row.
 struct ListControl : Control {
+  // For a few; many rows come quicker by setting List.
   void AddItem(const String& text);
   void RemoveItem(int index);
   void Clear();
@@ -145,11 +146,26 @@ struct ListBox : ListControl {
   Marks Style = Marks::None;
   // The rows that are ticked or selected, when Style is not None.
   Property<std::set<int>> Selected;
+  // A box of a row was ticked or cleared, by Select or the user; Selected has it already.
+  std::function<void(int)> ItemChecked;
   std::function<void()> OnClick;
   std::function<void()> OnDblClick;
 
  private:
   Signal::Subscription changed_;
+};
+
+// Lines of text in the colours of a comparison. They can be selected and copied.
+struct DiffList : Control {
+  enum class Kind { Plain, Added, Removed, Heading };
+  struct Row {
+    Kind Style = Kind::Plain;
+    String Text;
+    bool operator==(const Row&) const = default;
+  };
+
+  void Accept(ControlVisitor& visitor) override;
+  Property<std::vector<Row>> Rows;
 };
 
 struct ComboBox : ListControl {
@@ -178,6 +194,8 @@ struct ProgressBar : Control {
   // 0 to Maximum; a Maximum of 0 shows that something goes on without telling how far.
   Property<int> Value{0};
   Property<int> Maximum{0};
+  // On the bar; empty for the percentage.
+  Property<String> Text;
 };
 
 class RichTextBox;
@@ -198,6 +216,7 @@ class ControlVisitor {
   virtual void Visit(CheckBox&) = 0;
   virtual void Visit(OptionButton&) = 0;
   virtual void Visit(ListBox&) = 0;
+  virtual void Visit(DiffList&) = 0;
   virtual void Visit(ComboBox&) = 0;
   virtual void Visit(TabStrip&) = 0;
   virtual void Visit(ProgressBar&) = 0;

@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "platform/system/files.h"
+#include "platform/window/natural_order.h"
 #include "text/pattern.h"
 #include "text/runtime_error.h"
 
 namespace {
 
-// Hidden files and folders stay out of the lists.
+constexpr StringView kEveryFile = u"*.*";
+
 void DropHidden(std::vector<String>& names) {
   std::erase_if(names, [](const String& name) { return name.starts_with(u'.'); });
 }
@@ -116,8 +118,11 @@ void FileListBox::Refresh() {
   } catch (const RuntimeError&) {
     // A folder that can't be read shows no files.
   }
-  DropHidden(names);
-  std::erase_if(names, [this](const String& name) { return !FitsPattern(name, Pattern.Get()); });
+  if (Pattern.Get() != kEveryFile) {
+    DropHidden(names);
+    std::erase_if(names, [this](const String& name) { return !FitsPattern(name, Pattern.Get()); });
+  }
+  if (NaturalOrder) SortNaturally(names);
   if (names == List.Get()) return;
   Selected = std::set<int>{};
   ListIndex = -1;

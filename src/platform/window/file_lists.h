@@ -50,8 +50,8 @@ struct DirListBox : Control {
   Signal::Subscription changed_;
 };
 
-// The files of a folder whose names fit a pattern, sorted, without hidden ones. Empty for a folder
-// that can't be read.
+// The files of a folder whose names fit a pattern, sorted. Hidden ones show by "*.*" alone. Empty
+// for a folder that can't be read.
 struct FileListBox : ListControl {
   FileListBox();
   void Accept(ControlVisitor& visitor) override;
@@ -62,6 +62,8 @@ struct FileListBox : ListControl {
   // Patterns with "*" and "?" parted by ";", in any case; "*.*" fits every name.
   Property<String> Pattern{u"*.*"};
   bool MultiSelect = false;
+  // In the order of the user's locale, numbers in names by their value; else by characters.
+  bool NaturalOrder = false;
   Property<std::set<int>> Selected;
   std::function<void()> OnClick;
   std::function<void()> OnDblClick;

@@ -61,6 +61,8 @@ class Form {
   Property<bool> Visible{false};
   // The control that has the keyboard; null when none has.
   Property<Control*> ActiveControl{nullptr};
+  // The mouse pointer over the window asks for patience.
+  Property<bool> Busy{false};
   // Wished width and height of the inner area in characters and lines of the system font; 0 is as
   // small as the controls allow.
   int Columns = 0;

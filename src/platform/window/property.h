@@ -73,6 +73,12 @@ class Property {
     value_ = std::move(value);
     changed_.Emit();
   }
+  // Changes a large value where it is.
+  template <class Work>
+  void Change(Work work) {
+    work(value_);
+    changed_.Emit();
+  }
   Property& operator=(T value) {
     Set(std::move(value));
     return *this;
