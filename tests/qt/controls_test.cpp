@@ -255,11 +255,11 @@ TEST_F(Controls, AListFollowsAnyChangeOfItsRows) {
 
 TEST_F(Controls, AListOf50000RowsTakesNoTime) {
   std::vector<String> rows;
-  std::set<int> every, second;
+  std::set<int> every, some;
   for (int i = 0; i < 50'000; ++i) {
     rows.push_back(u"file " + Str(i));
     every.insert(i);
-    if (i % 2 == 0) second.insert(i);
+    if (i % 500 == 0) some.insert(i);
   }
   for (ListBox* list : {&form.Plain, &form.Ticks, &form.Many}) {
     const auto start = windows.Milliseconds();
@@ -270,8 +270,8 @@ TEST_F(Controls, AListOf50000RowsTakesNoTime) {
     EXPECT_LT(windows.Milliseconds() - start, 1000);
   }
   EXPECT_EQ(List(2)->selectionModel()->selectedIndexes().size(), 50'000);
-  form.Many.Selected = second;
-  EXPECT_EQ(List(2)->selectionModel()->selectedIndexes().size(), 25'000);
+  form.Many.Selected = some;
+  EXPECT_EQ(List(2)->selectionModel()->selectedIndexes().size(), 100);
 }
 
 TEST_F(Controls, ADiffShowsEachRowInTheColourOfItsKind) {
