@@ -86,13 +86,12 @@ TEST(ClsUndo, WithoutAControlEachOperationSaysSo) {
   ScriptedWindowSystem windows;
   SharedFields fields;
   clsUndo undo(windows, fields);
-  EXPECT_FALSE(undo.Reset());
-  EXPECT_EQ(undo.Failure(), u"clUndo.Reset() : Can't proceed. No textbox control assigned");
-  EXPECT_FALSE(undo.Undo(1));
-  EXPECT_EQ(undo.Failure(), u"clUndo.Undo() : Can't proceed. No textbox control assigned");
-  EXPECT_FALSE(undo.Redo(1));
-  EXPECT_EQ(undo.Failure(), u"clUndo.Redo() : Can't proceed. No textbox control assigned");
-  EXPECT_FALSE(undo.TakeUndoSnapShot());
+  for (const auto& [name, done] : std::initializer_list<std::pair<StringView, bool>>{
+           {u"Reset", undo.Reset()},
+           {u"Undo", undo.Undo(1)},
+           {u"Redo", undo.Redo(1)},
+           {u"TakeUndoSnapShot", undo.TakeUndoSnapShot()}})
+    EXPECT_FALSE(done) << ToUtf8(name);
   EXPECT_EQ(undo.Failure(),
             u"clUndo.TakeUndoSnapShot() : Can't proceed. No textbox control assigned");
   EXPECT_FALSE(fields.UndoBroken);

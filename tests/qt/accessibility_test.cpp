@@ -6,9 +6,9 @@
 #include <QMenuBar>
 #include <set>
 
+#include "batch/working2.h"
 #include "core/change_case.h"
 #include "editor/browse_folders.h"
-#include "editor/working2.h"
 #include "form_fixture.h"
 #include "support/temp_folder.h"
 
