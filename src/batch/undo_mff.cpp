@@ -28,9 +28,10 @@ UndoMFF::UndoMFF(WindowSystem& windows, Messages& messages, BackupRing& ring,
   Command3.OnClick = [this] { messages_.Help(kHelpBatchUndo); };
   List1.OnClick = [this] {
     if (const auto run = Chosen()) Text1.Text = run->Label;
+    Text1.SelStart = 0;
   };
   List1.OnDblClick = [this] { Command1.Click(); };
-  Columns = 60;
+  Columns = 70;
 }
 
 Layout UndoMFF::Content() {

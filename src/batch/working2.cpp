@@ -24,11 +24,13 @@ Working2::Working2(WindowSystem& windows) : Form(windows) {
   Command1.Caption = u"C&ancel";
   Command1.Cancel = true;
   Command1.OnClick = [this] { CancelClicked = true; };
-  Columns = 60;
+  Columns = 70;
+  // Paths of any usual length leave the window as it is.
+  Lines = 11;
 }
 
 Layout Working2::Content() {
-  return Column({Label1, Row({Label2, Label3}), Row({Progress, Label4}),
+  return Column({Label1, Row({Label2, Label3}), Stretch(), Row({Progress, Label4}),
                  Row({Stretch(), Command1, Stretch()})});
 }
 
