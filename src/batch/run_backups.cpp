@@ -20,12 +20,11 @@ RunBackups::RunBackups(const String& folder, const RunHead& head)
   FlushFolder(folder_);
 }
 
-String RunBackups::CopyToFreeName(const String& path) {
-  const String bare(FileNameOf(path));
-  int& number = nextNumbers_[bare];
+String RunBackups::UseFreeName(StringView bare, const MakeBackup& make) {
+  int& number = nextNumbers_[String(bare)];
   for (;; ++number) {
     String name = NumberedName(number, bare);
-    if (!CopyToNewName(path, JoinPath(folder_, name))) continue;
+    if (!make(JoinPath(folder_, name))) continue;
     ++number;
     return name;
   }
@@ -36,18 +35,24 @@ void RunBackups::Note(HistoryRecord record, String key) {
   if (recorded_.insert(key).second) keys_.push_back(std::move(key));
 }
 
-void RunBackups::BackUp(const String& path) {
+void RunBackups::BackUp(const String& path, const MakeBackup& make) {
   const String full = FullPath(path);
   RequireRecordable(full, HistoryRecord::Kind::Backup);
   String key = ResolvedPath(full);
-  const String name = CopyToFreeName(full);
-  backups_.push_back(name);
+  const StringView bare = FileNameOf(full);
+  String name;
+  if (make) {
+    name = UseFreeName(bare, make);
+  } else {
+    name = UseFreeName(bare, [&](const String& backup) { return CopyToNewName(full, backup); });
+    backups_.push_back(name);
+  }
   Note({HistoryRecord::Kind::Backup, full, name}, std::move(key));
 }
 
-void RunBackups::RecordTarget(const String& path) {
+void RunBackups::RecordTarget(const String& path, const MakeBackup& make) {
   if (IsRecorded(path)) return;
-  if (StampOf(path)) return BackUp(path);
+  if (StampOf(path)) return BackUp(path, make);
   String key = ResolvedPath(path);
   // What a link leads to is what will be made.
   const String made = KindOf(path) == EntryKind::Link ? key : FullPath(path);

@@ -4,8 +4,11 @@
 // For one file: BackUp, RecordTarget for each other name, Flush, then write. For a group of files:
 // BackUp and RecordTarget for all of them, one Flush, then write. What was not followed by a Flush
 // that succeeded must not be written.
+//
+// A grouped save makes the backups itself: then BackUp and RecordTarget are given its way of making
+// one, and its own flush comes before this Flush.
 
-#include <memory>
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -17,16 +20,20 @@
 
 class RunBackups {
  public:
+  // Makes a backup of the file in question under this new name, which the caller puts on the disk
+  // before Flush. False when something stands there already.
+  using MakeBackup = std::function<bool(const String& backup)>;
+
   // Begins the history of a run in its new folder; it is on the disk when this returns.
   // RuntimeError; nothing may be changed then.
   RunBackups(const String& folder, const RunHead& head);
 
   // Copies a file of the list into the run's folder, each time under a new name, and notes the
   // record for the next Flush. RuntimeError, and no record: the file must not be changed.
-  void BackUp(const String& path);
+  void BackUp(const String& path, const MakeBackup& make = {});
   // For a path that is written beside the file of the list: a backup where a file is, a removal
   // where none is. Once a run; a path that was backed up is recorded already.
-  void RecordTarget(const String& path);
+  void RecordTarget(const String& path, const MakeBackup& make = {});
   // Whether a record of this path stands in the history or waits for the next Flush.
   bool IsRecorded(const String& path) const;
   // Returns when the backups and records noted so far are on the disk. RuntimeError, and none of
@@ -42,8 +49,8 @@ class RunBackups {
   const String& Folder() const { return folder_; }
 
  private:
-  // Copies to the first free name: NAME, 1---NAME, 2---NAME and so on.
-  String CopyToFreeName(const String& path);
+  // Makes a backup under the first free name: NAME, 1---NAME, 2---NAME and so on.
+  String UseFreeName(StringView bare, const MakeBackup& make);
   void Note(HistoryRecord record, String key);
   void WriteLeft();
 
