@@ -44,7 +44,7 @@ UndoMFF2::UndoMFF2(WindowSystem& windows, Messages& messages, BackupRing& ring, 
     runs_.Unload();
     Unload();
   };
-  ticked_ = List1.Selected.Observe([this] { FollowTicks(); });
+  List1.ItemChecked = [this](int) { FollowTicks(); };
   Columns = 70;
 }
 
@@ -162,6 +162,7 @@ void UndoMFF2::Enable(bool enabled) {
   for (Control* control :
        std::initializer_list<Control*>{&List1, &Option1, &Option2, &Command1, &Command2})
     control->Enabled = enabled;
+  Busy = !enabled;
   if (enabled) Label5.Caption = String();
 }
 

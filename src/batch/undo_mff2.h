@@ -49,5 +49,4 @@ class UndoMFF2 : public Form {
   BatchState& state_;
   UndoMFF& runs_;
   const WhileLocked whileLocked_;
-  Signal::Subscription ticked_;
 };
