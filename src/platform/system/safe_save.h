@@ -32,10 +32,6 @@ void SafeSave(const String& path, const std::function<void(const ByteSink&)>& pr
 void SafeReplace(const String& path, const std::function<void(OutputFile)>& write,
                  const String& model = {});
 
-// The same by its path. False, and `write`
-// was not called, where the file can't be replaced in one step; SafeSave then rewrites it in place.
-bool SafeReplace(const String& path, const std::function<void(const String& scratch)>& write);
-
 // What saves that were killed have left beside a file: new content that never got its name, and
 // copies of the file (in the spare folder, too). Those that hold nothing or what the file holds are
 // removed; the others are returned, for a person to be told of. Those of running programs and of

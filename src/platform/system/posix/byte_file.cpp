@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/system/files.h"
-#include "platform/system/posix/scratch_file.h"
+#include "platform/system/posix/rewrite_in_place.h"
 #include "platform/system/posix/sys.h"
 
 namespace {
@@ -73,8 +73,7 @@ void OutputFile::Write(std::string_view bytes) {
 }
 
 InputFile OutputFile::TakeContent() {
-  sys::SharedDescriptor taken = OpenNameless(FolderOf(path_));
-  if (!taken) sys::Throw(path_);
+  sys::SharedDescriptor taken = OpenNamelessFor(path_);
   OutputFile copy(taken, path_);
   InputFile(file_, path_).ReadRest([&](std::string_view bytes) { copy.Write(bytes); });
   sys::Check(sys::Truncate(file_->Get(), 0), path_);

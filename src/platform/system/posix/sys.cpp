@@ -130,6 +130,21 @@ int Rename(const String& from, const String& to) {
 
 int Unlink(const String& path) { return CallOn("unlink", path, unlink); }
 
+int Link(const String& path, const String& name) {
+  const std::string second = ToUtf8(name);
+  if (second.find('\0') != std::string::npos) {
+    errno = EINVAL;
+    return -1;
+  }
+  return CallOn("link", path, [&](const char* bytes) {
+    return linkat(AT_FDCWD, bytes, AT_FDCWD, second.c_str(), 0);
+  });
+}
+
+int SyncFileSystem(int descriptor) {
+  return Call("syncfs", [&] { return syncfs(descriptor); });
+}
+
 int MakeFolder(const String& path, mode_t mode) {
   return CallOn("mkdir", path, [&](const char* bytes) { return mkdir(bytes, mode); });
 }

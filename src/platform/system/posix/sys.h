@@ -38,6 +38,10 @@ int ChangeMode(const String& path, mode_t mode);
 int SetTimes(int descriptor, const struct stat& times);
 int Rename(const String& from, const String& to);
 int Unlink(const String& path);
+// A second name for a file; a link at either end is none to follow.
+int Link(const String& path, const String& name);
+// Flushes all of the file system that an open file lies on.
+int SyncFileSystem(int descriptor);
 int MakeFolder(const String& path, mode_t mode);
 // Of an empty folder.
 int RemoveFolder(const String& path);

@@ -10,6 +10,6 @@ WorkFile::WorkFile(const String& folder)
 }
 
 OutputFile WorkFile::Write() {
-  sys::Check(sys::Truncate(file_->Get(), 0), path_);
+  if (Read().Size() > 0) sys::Check(sys::Truncate(file_->Get(), 0), path_);
   return {file_, path_};
 }
