@@ -3,11 +3,14 @@
 namespace {
 
 String Grouped(std::size_t number) {
-  constexpr int kGroup = 3;
-  String digits = Str(static_cast<long long>(number));
-  for (int at = static_cast<int>(digits.size()) - kGroup; at > 0; at -= kGroup)
-    digits.insert(static_cast<std::size_t>(at), u",");
-  return digits;
+  constexpr std::size_t kGroup = 3;
+  const String digits = Str(static_cast<long long>(number));
+  String grouped;
+  for (std::size_t at = 0; at < digits.size(); ++at) {
+    if (at > 0 && (digits.size() - at) % kGroup == 0) grouped += u',';
+    grouped += digits[at];
+  }
+  return grouped;
 }
 
 }  // namespace
