@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "editor/encryption_marker.h"
 #include "platform/system/byte_file.h"
 #include "platform/system/safe_save.h"
 #include "tools/catalogue.h"
@@ -24,14 +25,14 @@ std::vector<const Tool*> StreamingSteps(const CustomTool& custom) {
 
 // Whether the file may be one of those that the editor shows locked.
 bool MayBeEncrypted(const String& file) {
-  constexpr std::string_view kMarkerStart = "**This file has been encrypted with";
+  const std::string start = ToUtf8(kEncryptionMarkerStart);
   bool found = false;
   std::string overlap;
   InputFile(file).ReadRest([&](std::string_view bytes) {
-    overlap += bytes.substr(0, kMarkerStart.size());
-    found = found || overlap.find(kMarkerStart) != std::string::npos ||
-            bytes.find(kMarkerStart) != std::string_view::npos;
-    overlap = bytes.substr(bytes.size() - std::min(bytes.size(), kMarkerStart.size()));
+    overlap += bytes.substr(0, start.size());
+    found = found || overlap.find(start) != std::string::npos ||
+            bytes.find(start) != std::string_view::npos;
+    overlap = bytes.substr(bytes.size() - std::min(bytes.size(), start.size()));
   });
   return found;
 }
