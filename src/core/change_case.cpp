@@ -50,7 +50,7 @@ ChangeCase::ChangeCase(Session& session)
       CustomTools(session.CustomTools),
       Document(session.Document),
       Status(Fields, RichTextBox1, Document),
-      Edit(session.Windows, RichTextBox1, ActiveControl, Messages),
+      Edit(session.Windows, RichTextBox1, ActiveControl),
       Find(RichTextBox1, Messages),
       UndoEdit(session.Windows, Fields) {
   Columns = 140;

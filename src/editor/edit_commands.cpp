@@ -6,11 +6,6 @@ namespace {
 
 constexpr int kClipboardBackMilliseconds = 4000;
 
-constexpr StringView kNoPaste =
-    u"This text has been encrypted and no editing may be done until after it is decrypted.";
-constexpr StringView kNoEditing =
-    u"This text has been encrypted and no editing tasks may be done until after it is decrypted.";
-
 // What the clipboard or the control refuses leaves things as they are.
 template <class Work>
 void Quietly(Work work) {
@@ -23,11 +18,10 @@ void Quietly(Work work) {
 }  // namespace
 
 EditCommands::EditCommands(WindowSystem& windows, RichTextBox& editor,
-                           const Property<Control*>& activeControl, Messages& messages)
+                           const Property<Control*>& activeControl)
     : windows_(windows),
       editor_(editor),
       activeControl_(activeControl),
-      messages_(messages),
       timer1_(windows.CreateTimer()) {
   timer1_->SetInterval(kClipboardBackMilliseconds);
   timer1_->OnTimer = [this] {
@@ -37,12 +31,6 @@ EditCommands::EditCommands(WindowSystem& windows, RichTextBox& editor,
     if (clipboard.Changes() == changesAtPaste_) clipboard.SetRawText(clipboardKeep_);
     clipboardKeep_.clear();
   };
-}
-
-bool EditCommands::Refused(StringView message) {
-  if (!editor_.Locked) return false;
-  messages_.Notice(message);
-  return true;
 }
 
 TextBox* EditCommands::ActiveTextBox() const {
@@ -61,26 +49,9 @@ void EditCommands::ReplaceSelection(StringView text) {
     editor_.SetSelText(text);
 }
 
-void EditCommands::Cut() {
-  if (!Refused(kNoEditing)) CutText();
-}
-
-void EditCommands::Copy() {
-  if (!Refused(kNoEditing)) CopyText();
-}
-
 void EditCommands::CopyAll() {
-  if (Refused(kNoEditing)) return;
   SelectAll();
   windows_.Clipboard().SetText(editor_.SelText());
-}
-
-void EditCommands::Paste() {
-  if (!Refused(kNoPaste)) PasteText();
-}
-
-void EditCommands::Delete() {
-  if (!Refused(kNoEditing)) ReplaceSelection(u"");
 }
 
 void EditCommands::SelectAll() {
@@ -88,12 +59,12 @@ void EditCommands::SelectAll() {
   editor_.SetSelLength(editor_.TextLength());
 }
 
-void EditCommands::CopyText() {
+void EditCommands::Copy() {
   const String selected = SelectedText();
   if (!selected.empty()) Quietly([&] { Put(selected); });
 }
 
-void EditCommands::CutText() {
+void EditCommands::Cut() {
   const String selected = SelectedText();
   if (selected.empty()) return;
   Quietly([&] {
@@ -102,7 +73,7 @@ void EditCommands::CutText() {
   });
 }
 
-void EditCommands::PasteText() {
+void EditCommands::Paste() {
   Quietly([this] {
     const String text = windows_.Clipboard().GetText();
     if (text.empty()) return;

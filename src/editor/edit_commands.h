@@ -1,7 +1,6 @@
 #pragma once
 // Cut, copy, paste and their like, on the editor or on the text box that has the keyboard.
 
-#include "editor/messages.h"
 #include "platform/window/key_event.h"
 #include "platform/window/window_system.h"
 #include "state/shared_fields.h"
@@ -9,21 +8,17 @@
 class EditCommands {
  public:
   // `activeControl` is the control that has the keyboard; the editor counts when it is no text box.
-  EditCommands(WindowSystem& windows, RichTextBox& editor, const Property<Control*>& activeControl,
-               Messages& messages);
+  EditCommands(WindowSystem& windows, RichTextBox& editor, const Property<Control*>& activeControl);
 
-  // Each refuses an encrypted text with a notice.
+  // Nothing selected, or no text to paste: text and clipboard stay. Whether they are allowed on
+  // locked text is for the caller to know.
   void Cut();
   void Copy();
   void CopyAll();
   void Paste();
-  void Delete();
+  void Delete() { ReplaceSelection(u""); }
 
   void SelectAll();
-  // Without the refusal. Nothing selected, or no text to paste: text and clipboard stay.
-  void CutText();
-  void CopyText();
-  void PasteText();
 
   // Ctrl+V on its way to the control: leaves plain text alone on the clipboard, so that nothing
   // else can be pasted.
@@ -33,7 +28,6 @@ class EditCommands {
   std::function<void()> CheckSetLock;
 
  private:
-  bool Refused(StringView message);
   // The text box that has the keyboard, if one has.
   TextBox* ActiveTextBox() const;
   String SelectedText() const;
@@ -43,7 +37,6 @@ class EditCommands {
   WindowSystem& windows_;
   RichTextBox& editor_;
   const Property<Control*>& activeControl_;
-  Messages& messages_;
   // Puts the clipboard back after a key paste.
   std::unique_ptr<Timer> timer1_;
   String clipboardKeep_;
