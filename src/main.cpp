@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/auto_batch.h"
 #include "core/clipboard_windows.h"
 #include "core/startup.h"
 #include "editor/messages.h"
@@ -109,7 +110,11 @@ int RunOption(int argc, char** argv) {
     std::cerr << "wordflurn: unknown option " << ToUtf8(name) << "; see wordflurn --help\n";
     return 1;
   }
-  if (option->Id == Word::Tool) return RunTool(TextOf(argc, argv));
+  const std::vector<String> arguments = TextOf(argc, argv);
+  if (option->With != Job::Option) return RunSwitches(argc, argv);
+  if (option->Id == Word::Tool) return RunTool(arguments);
+  if (option->Id == Word::Runs) return ListRuns();
+  if (option->Id == Word::Undo) return UndoFromTerminal(std::span(arguments).subspan(1));
   const String text = option->Id == Word::Help ? CommandLineHelp() : String(kProduct) + u"\n";
   return std::cout << ToUtf8(text) << std::flush ? 0 : 1;
 }

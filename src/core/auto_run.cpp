@@ -30,13 +30,6 @@ struct Task {
 
 std::string Quoted(StringView name) { return '"' + ToUtf8(name.substr(0, kShown)) + '"'; }
 
-int FindCustomTool(const Session& session, StringView name) {
-  for (const auto& [number, stored] : session.CustomToolNames) {
-    if (UCase(Trim(stored)) == UCase(name)) return number;
-  }
-  return 0;
-}
-
 // The path with ".html" in place of the ending of the file's name, or behind a name without one.
 String AsHtmlFile(const String& path) {
   const StringView name = FileNameOf(path);
@@ -65,7 +58,7 @@ Task ReadTask(Session& session) {
   task.File = AbsolutePath(file);
   task.Target = TargetOf(task.File, fields, HasSwitch(line, Word::SaveAsHtmlFile));
   task.ToolName = SwitchValue(line, Word::Auto);
-  task.ToolNumber = FindCustomTool(session, task.ToolName);
+  task.ToolNumber = session.CustomToolNumber(task.ToolName);
   return task;
 }
 

@@ -119,6 +119,13 @@ String Joined(std::vector<String>::const_iterator from, std::vector<String>::con
 }  // namespace
 
 JoinedLine JoinArguments(std::vector<String> arguments, const Exists& exists) {
+  JoinedLine line;
+  std::erase_if(arguments, [&line](const String& argument) {
+    const CommandWord* option = FindOption(argument);
+    if (option == nullptr || option->With == Job::Option) return false;
+    line.Options.push_back(option->Id);
+    return true;
+  });
   const auto behind = std::find_if(arguments.begin(), arguments.end(),
                                    [](const String& word) { return StartsWithAnySwitch(word); });
   std::transform(behind, arguments.end(), behind,
@@ -126,7 +133,6 @@ JoinedLine JoinArguments(std::vector<String> arguments, const Exists& exists) {
   String switches = Joined(behind, arguments.end());
   if (!switches.empty() && behind != arguments.begin()) switches.insert(0, u" ");
 
-  JoinedLine line;
   String file = Joined(arguments.begin(), behind);
   const bool eachExists = std::all_of(arguments.begin(), behind, exists);
   if (behind - arguments.begin() > 1 && eachExists && !exists(file)) {

@@ -19,6 +19,8 @@ struct JoinedLine {
   String Text;
   // Files named behind the first one, which is the only one that is opened.
   std::vector<String> NotOpened;
+  // Options that stood beside the switches.
+  std::vector<Word> Options;
 };
 
 // The arguments as one line, joined by blanks. `exists` tells whether a file or a folder has this

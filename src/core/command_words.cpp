@@ -18,15 +18,25 @@ constexpr CommandWord kWords[] = {
      u"let the result's name end in .html"},
     {Word::NoHtmlHeaderFooter, u"/NOHTMLHEADERFOOTER", ValueKind::None, u"", Job::CustomTool,
      u"let Convert to HTML write no page frame"},
-    {Word::Mff, u"/MFF", ValueKind::None, u"", Job::Batch},
-    {Word::UseAll, u"/USEALL:", ValueKind::Folder, u"FOLDER", Job::Batch},
+    {Word::Mff, u"/MFF", ValueKind::None, u"", Job::Batch,
+     u"with /AUTO:, run the custom tool on the files that the list FILE names, with a backup of "
+     u"each"},
+    {Word::UseAll, u"/USEALL:", ValueKind::Folder, u"FOLDER", Job::Batch,
+     u"with /MFF, take all text and HTML files of FOLDER in place of a list"},
     {Word::EmailStd, u"/EMAILSTD", ValueKind::None, u"", Job::Clipboard,
      u"run Email Cleanup - Standard"},
     {Word::EmailPoem, u"/EMAILPOEM", ValueKind::None, u"", Job::Clipboard,
      u"run Email Cleanup - Poem or List"},
+    {Word::AnyText, u"--any-text", ValueKind::None, u"", Job::Batch,
+     u"change files that are Unicode text but no ASCII, too"},
     {Word::Tool, u"--tool", ValueKind::Arguments, u"NAME FILE...", Job::Option,
      u"run one tool on each FILE without a window, for example wordflurn --tool \"All Upper "
      u"Case\" notes.txt"},
+    {Word::Runs, u"--runs", ValueKind::None, u"", Job::Option,
+     u"list the last runs over many files, newest first"},
+    {Word::Undo, u"--undo", ValueKind::Arguments, u"N [FILE...]", Job::Option,
+     u"bring back what run N of that list has changed, or only each FILE; files that were changed "
+     u"since are left alone without --force"},
     {Word::Help, u"--help", ValueKind::None, u"", Job::Option, u"show this help and exit"},
     {Word::Version, u"--version", ValueKind::None, u"", Job::Option, u"show the version and exit"},
 };
@@ -128,6 +138,7 @@ std::span<const Combination> RefusedCombinations() { return kRefused; }
 String CommandLineHelp() {
   String page =
       u"Usage: wordflurn [FILE] [SWITCHES]\n"
+      u"       wordflurn LIST /MFF /AUTO:NAME\n"
       u"       wordflurn --tool NAME FILE...\n\n"
       u"Edits plain text in a window. FILE need not exist yet.\n\n";
   AddWrapped(page, kAboutSwitches, 0);

@@ -20,7 +20,10 @@ enum class Word {
   UseAll,
   EmailStd,
   EmailPoem,
+  AnyText,
   Tool,
+  Runs,
+  Undo,
   Help,
   Version,
 };

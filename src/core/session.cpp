@@ -36,6 +36,13 @@ void Session::ReadCustomTools() {
   Fields.CustomToolCount = list.Count;
 }
 
+int Session::CustomToolNumber(StringView name) const {
+  for (const auto& [number, stored] : CustomToolNames) {
+    if (UCase(Trim(stored)) == UCase(name)) return number;
+  }
+  return 0;
+}
+
 CustomToolResult Session::RunCustomTool(int number) {
   if (!CustomToolNames.contains(number)) return {};
   ToolContext context = Context();

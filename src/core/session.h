@@ -26,6 +26,8 @@ class Session : private DocumentHost {
   // Runs a custom tool by its number, 1 to kMostCustomTools; one that is not there does nothing.
   CustomToolResult RunCustomTool(int number);
   void ReadCustomTools();
+  // The number of the custom tool of this name, in any case; 0 where there is none.
+  int CustomToolNumber(StringView name) const;
   // Puts the options' fonts and folders back after the text was replaced.
   void ApplyOptions() override;
 

@@ -34,5 +34,5 @@ int RunWithoutWindow(WindowSystem& windows, const JoinedLine& line) {
   const String appFolder = FindAppFolder();
   SetSpareFolder(appFolder);
   Session session(windows, appFolder, line.Text);
-  return RunUnattended(session);
+  return RunUnattended(session, line);
 }

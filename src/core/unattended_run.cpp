@@ -1,5 +1,6 @@
 #include "core/unattended_run.h"
 
+#include "core/auto_batch.h"
 #include "core/auto_run.h"
 #include "tools/catalogue.h"
 
@@ -23,18 +24,12 @@ int CleanClipboard(Session& session) {
   return 0;
 }
 
-// Multiple File Flurn.
-int RunBatch(Session&) {
-  throw RefusedCommandLine(u"Error",
-                           u"This version of WordFlurn cannot run a Multiple File Flurn yet.");
-}
-
 }  // namespace
 
-int RunUnattended(Session& session) {
+int RunUnattended(Session& session, const JoinedLine& given) {
   const StringView line = session.Fields.CommandLine;
   const Job job = JobOf(line);
   if (job == Job::Clipboard) return CleanClipboard(session);
   TestCombinations(line);
-  return job == Job::Batch ? RunBatch(session) : RunAuto(session);
+  return job == Job::Batch ? RunBatch(session, given) : RunAuto(session);
 }

@@ -5,6 +5,6 @@
 #include "core/command_line.h"
 #include "core/session.h"
 
-// Runs the job of the session's command line, which is none in a window, and returns the exit
-// status. RefusedCommandLine; RuntimeError when a file can't be read or written.
-int RunUnattended(Session& session);
+// Runs the job of the session's command line, given as such, which is none in a window, and returns
+// the exit status. RefusedCommandLine; RuntimeError when a file can't be read or written.
+int RunUnattended(Session& session, const JoinedLine& given);

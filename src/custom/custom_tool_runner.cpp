@@ -85,16 +85,14 @@ void CustomToolRunner::RunOnFile(ToolContext& context, CustomToolPass& pass) {
   if (std::exchange(pass.SettingsPending, false)) AskSettings(context.Tools, pass);
   CurrentSettings current(context.Tools);
   FileRun& run = *context.File;
-  bool made = false;
   for (const ToolStep& step : pass.Tool.Steps) {
     if (FindTool(step.Name) == nullptr) continue;
     run.Next();
     RunStep(context, step, current);
-    made = made || run.HasResult();
     if (step.Name == kFromHtml && pass.RenameToTxt) pass.RenameToTxt();
     if (step.Name == kToHtml && pass.RenameToHtml) pass.RenameToHtml();
   }
-  if (!made) {
+  if (!run.HasResult()) {
     throw RuntimeError(kFileNotFound,
                        ToUtf8(run.Path()) + ": no step of the custom tool has made a result");
   }

@@ -23,20 +23,6 @@ std::vector<const Tool*> StreamingSteps(const CustomTool& custom) {
   return steps;
 }
 
-// Whether the file may be one of those that the editor shows locked.
-bool MayBeEncrypted(const String& file) {
-  const std::string start = ToUtf8(kEncryptionMarkerStart);
-  bool found = false;
-  std::string overlap;
-  InputFile(file).ReadRest([&](std::string_view bytes) {
-    overlap += bytes.substr(0, start.size());
-    found = found || overlap.find(start) != std::string::npos ||
-            bytes.find(start) != std::string_view::npos;
-    overlap = bytes.substr(bytes.size() - std::min(bytes.size(), start.size()));
-  });
-  return found;
-}
-
 // Whether the editor would give the text back in another shape than a stream does.
 bool IsOddFormat(const TextFormat& format) {
   const bool anyLineEnd = format.HasCrLf || format.HasLf;
@@ -52,7 +38,9 @@ struct NoLastLineEnd {};
 bool RunStreamed(ToolContext& context, const CustomTool& custom, const String& file,
                  const String& target, std::uint64_t large) {
   const std::vector<const Tool*> steps = StreamingSteps(custom);
-  if (steps.empty() || InputFile(file).Size() < large || MayBeEncrypted(file)) return false;
+  if (steps.empty()) return false;
+  InputFile bytes(file);
+  if (bytes.Size() < large || HoldsEncryptionMarker(bytes)) return false;
   FileRun run(file, context.Fields.WorkFolder);
   if (IsOddFormat(run.Input().Format())) return false;
   const bool noneEnds =

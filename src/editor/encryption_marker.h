@@ -9,3 +9,7 @@ inline constexpr StringView kEncryptionMarkerStart =
 
 // Whether one of the marker lines stands anywhere in the text, in exact case.
 bool HoldsEncryptionMarker(StringView text);
+
+class InputFile;
+// Whether what all markers begin with stands in what is left of the file, in any encoding.
+bool HoldsEncryptionMarker(InputFile& file);

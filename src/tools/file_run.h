@@ -32,10 +32,10 @@ class FileRun {
   // The next result goes straight into this file.
   void SendTo(OutputFile file) { destination_ = std::move(file); }
 
-  // Whether the last tool has made a result; one that does nothing has not.
-  bool HasResult() const { return hasResult_; }
-  // The bytes of the result that stands in a file of the run's own.
-  InputFile Result() const { return result_->Read(); }
+  // Whether any tool so far has made a result; one that does nothing has not.
+  bool HasResult() const { return hasResult_ || source_; }
+  // The bytes of the last result that stands in a file of the run's own.
+  InputFile Result() const { return hasResult_ ? result_->Read() : source_->Read(); }
 
   // The result, where there is one, becomes the input: in the format that it was written in, which
   // a text that has become blank or plain ASCII no longer shows.

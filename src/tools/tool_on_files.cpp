@@ -15,19 +15,16 @@
 
 namespace {
 
-// The format of a file that a tool may change: not encrypted text, which could never be decrypted
-// again.
-TextFormat FormatOfPlain(const String& file) {
-  TextReader reader(file);
-  while (!reader.AtEnd()) {
-    if (HoldsEncryptionMarker(reader.ReadLine()))
-      throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
-  }
-  return reader.Format();
+// Encrypted text could never be decrypted again.
+void TestPlain(const String& file) {
+  InputFile bytes(file);
+  if (HoldsEncryptionMarker(bytes))
+    throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
 }
 
 void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
-  FileRun run(file, FormatOfPlain(file), context.Fields.WorkFolder);
+  TestPlain(file);
+  FileRun run(file, context.Fields.WorkFolder);
   context.File = &run;
   tool.Run(context, SettingsInWindow(tool, context.Tools));
   // A tool that does nothing leaves nothing.

@@ -112,7 +112,7 @@ TEST_F(ToolRunTest, CleaningTheClipboardNeverWaits) {
     Windows.Clipboard().Clear();
     if (!c.Text.empty()) Windows.Clipboard().SetRawText(c.Text);
     Session session(Windows, Data.Path(), u"/EMAILSTD");
-    EXPECT_EQ(RunUnattended(session), c.Status);
+    EXPECT_EQ(RunUnattended(session, {}), c.Status);
     EXPECT_EQ(Windows.Clipboard().GetRawText(), c.After);
     EXPECT_TRUE(Windows.Questions.empty());
   }

@@ -1,0 +1,315 @@
+#include "batch/auto_convert.h"
+
+#include <ctime>
+#include <unordered_map>
+
+#include "batch/batch_passes.h"
+#include "batch/failure_text.h"
+#include "batch/run_backups.h"
+#include "platform/system/file_copy.h"
+#include "platform/system/files.h"
+#include "platform/system/grouped_save.h"
+#include "text/runtime_error.h"
+
+namespace {
+
+constexpr int kPauseBehindFile = 1000;
+constexpr int kPauseBehindFailure = 4000;
+
+// Files that share a wait for the disk: not so many that Cancel would wait long, nor that too many
+// files are open.
+constexpr std::size_t kMostInGroup = 200;
+constexpr std::uint64_t kMostBytesInGroup = 64 * 1024 * 1024;
+
+// What has become of a file of the list, on its way to the disk.
+struct Pending {
+  struct Target {
+    String Path;
+    std::size_t Number;  // in the group
+  };
+
+  std::size_t Row = 0;
+  String File;
+  std::vector<Target> Targets;
+  std::optional<BatchFailure> Failure;
+  // It has a record in the history.
+  bool IsBackedUp = false;
+};
+
+class BatchRunner {
+ public:
+  BatchRunner(BatchTools& tools, const BatchOrder& order, BatchProgress& progress)
+      : tools_(tools),
+        windows_(tools.Windows),
+        state_(tools.Windows.State),
+        order_(order),
+        progress_(progress),
+        passes_(tools.Context, tools.CustomTools, order, tools.CustomToolNames) {}
+
+  BatchEnd Run();
+
+ private:
+  bool Prepare();
+  BatchEnd Work();
+  BatchEnd EndOf(bool cancelled);
+  void NotBegun();
+
+  Pending Begin(std::size_t row);
+  // That no other file of the list has written this path; key: of the file that is worked on.
+  void TestNotWritten(const String& path, const String& key) const;
+  void Stage(Pending& file, std::vector<BatchResult>& results);
+  void StageTarget(Pending& file, BatchResult& result);
+  void Drop(Pending& file);
+  // True when the run ends here.
+  bool FinishGroup();
+  bool Finish(Pending& file);
+  void Commit(Pending& file);
+  void Report(const Pending& file);
+  BatchEnd Abort(const Pending& file);
+
+  // Whether the file, or one that it would write, waits in the group.
+  bool WaitsInGroup(const String& file) const { return groupKeys_.contains(FileKey(file)); }
+  bool GroupIsFull() const {
+    return group_.size() >= (order_.SuperFast ? kMostInGroup : 1) ||
+           groupBytes_ > kMostBytesInGroup;
+  }
+
+  BatchTools& tools_;
+  BatchWindows& windows_;
+  BatchState& state_;
+  const BatchOrder& order_;
+  BatchProgress& progress_;
+  BatchPasses passes_;
+
+  std::optional<RunBackups> backups_;
+  GroupedSave save_;
+  std::vector<Pending> group_;
+  std::uint64_t groupBytes_ = 0;
+  // Of the files in the group.
+  std::unordered_set<String> groupKeys_;
+  // What the run writes, and the file of the list that it comes from, behind all links.
+  std::unordered_map<String, String> written_;
+  bool cancelled_ = false;
+};
+
+void BatchRunner::NotBegun() {
+  tools_.Context.Messages.Notice(u"Canceled before any files were flurned.");
+}
+
+// The backup folder and the head of the history. False where no run begins.
+bool BatchRunner::Prepare() {
+  progress_.Status(u"Backing up files.");
+  if (progress_.Cancelled()) return NotBegun(), false;
+  try {
+    const RunHead head = MakeRunHead(std::time(nullptr), order_.Name);
+    const auto folder =
+        windows_.Ring.Prepare({.Pause = [this](int milliseconds) { progress_.Pause(milliseconds); },
+                               .Cancelled = [this] { return progress_.Cancelled(); }});
+    if (!folder) return NotBegun(), false;
+    backups_.emplace(*folder, head);
+    state_.Run = {0, *folder, FileKey(*folder), head, RunLabel(head)};
+    return true;
+  } catch (const RuntimeError& error) {
+    String text(kRingFailed);
+    text.append(kCrLf).append(kCrLf).append(FromUtf8(error.what()));
+    tools_.Context.Messages.Notice(text);
+    return false;
+  }
+}
+
+BatchEnd BatchRunner::Run() {
+  state_.AutoUndo = false;
+  state_.ClearFailedFiles();
+  windows_.ASCIIWarn.BeginRun();
+  progress_.Begin();
+  if (!Prepare()) return progress_.End(), BatchEnd::NotBegun;
+  return Work();
+}
+
+BatchEnd BatchRunner::Work() {
+  for (std::size_t row = 0; row < order_.Files.size(); ++row) {
+    if (WaitsInGroup(order_.Files[row]) && FinishGroup()) return EndOf(true);
+    progress_.File(row + 1, order_.Files.size());
+    Pending file = Begin(row);
+    if (file.Failure && file.Failure->Aborts()) return Abort(file);
+    group_.push_back(std::move(file));
+    if (GroupIsFull() && FinishGroup()) return EndOf(true);
+  }
+  return EndOf(FinishGroup());
+}
+
+BatchEnd BatchRunner::EndOf(bool cancelled) {
+  try {
+    // The names of the last group.
+    save_.Flush();
+    backups_->Close();
+  } catch (const RuntimeError& error) {
+    tools_.Context.Messages.Notice(FromUtf8(error.what()));
+  }
+  progress_.End();
+  if (cancelled) windows_.MFFCancel.ShowModal();
+  if (state_.FailedFileCount() > 0) windows_.MultiErrors.ShowModal();
+  return cancelled ? BatchEnd::Cancelled : BatchEnd::Done;
+}
+
+// Runs the passes on a file and stages what they have made. Nothing of it is written yet.
+Pending BatchRunner::Begin(std::size_t row) {
+  Pending file;
+  file.Row = row;
+  file.File = order_.Files[row];
+  std::vector<BatchResult> results;
+  bool mayBeBackedUp = false;
+  const auto fail = [&](const std::exception& error) {
+    if (file.Failure) return;
+    file.Failure = FailureOf(error, file.File, passes_.CheckingRunProgram());
+  };
+  try {
+    progress_.Status(u"Working on file: " + passes_.FirstTarget(file.File));
+    passes_.Test(file.File);
+    TestNotWritten(file.File, ResolvedPath(file.File));
+    mayBeBackedUp = true;
+    passes_.AskAboutText(file.File, windows_.ASCIIWarn);
+    passes_.Run(file.File, results);
+  } catch (const std::exception& error) {
+    fail(error);
+  }
+  try {
+    if (mayBeBackedUp) Stage(file, results);
+  } catch (const std::exception& error) {
+    Drop(file);
+    fail(error);
+  }
+  return file;
+}
+
+void BatchRunner::TestNotWritten(const String& path, const String& key) const {
+  const auto writer = written_.find(ResolvedPath(path));
+  if (writer != written_.end() && writer->second != key)
+    throw RuntimeError(kPathFileAccess,
+                       "The name " + ToUtf8(path) + " is already written by this run.");
+}
+
+void BatchRunner::Stage(Pending& file, std::vector<BatchResult>& results) {
+  const String key = ResolvedPath(file.File);
+  groupKeys_.insert(FileKey(file.File));
+  // All of them before any is written.
+  for (const BatchResult& result : results) TestNotWritten(result.Path, key);
+  for (const BatchResult& result : results) written_.emplace(ResolvedPath(result.Path), key);
+  // The file's own record comes first.
+  std::stable_partition(results.begin(), results.end(),
+                        [&](const BatchResult& result) { return result.Path == file.File; });
+  if (results.empty() || results.front().Path != file.File) {
+    backups_->BackUp(file.File);
+    file.IsBackedUp = true;
+  }
+  for (BatchResult& result : results) StageTarget(file, result);
+}
+
+void BatchRunner::StageTarget(Pending& file, BatchResult& result) {
+  groupKeys_.insert(FileKey(result.Path));
+  groupBytes_ += result.Content.Size();
+  const std::size_t number = save_.Add(result.Path, file.File);
+  file.Targets.push_back({result.Path, number});
+  OutputFile content = save_.Content(number);
+  result.Content.ReadRest([&content](std::string_view bytes) { content.Write(bytes); });
+  content.Close();
+  const auto backUp = [&](const String& backup) { return save_.BackUp(number, backup); };
+  if (result.Path == file.File) {
+    backups_->BackUp(result.Path, backUp);
+    file.IsBackedUp = true;
+  } else if (result.Renamed || StampOf(result.Path)) {
+    backups_->RecordTarget(result.Path, backUp);
+  }
+}
+
+void BatchRunner::Drop(Pending& file) {
+  for (const Pending::Target& target : file.Targets) {
+    try {
+      save_.Drop(target.Number);
+    } catch (const std::exception&) {
+      // The target is as it was; only its backup could not be parted from it.
+    }
+  }
+  file.Targets.clear();
+}
+
+bool BatchRunner::FinishGroup() {
+  try {
+    save_.Flush();
+    backups_->Flush();
+  } catch (const std::exception& error) {
+    // No backup and record that is known to be on the disk: no change.
+    for (Pending& file : group_) {
+      Drop(file);
+      if (!file.Failure) file.Failure = FailureOf(error, file.File, false);
+    }
+  }
+  for (Pending& file : group_) {
+    if (cancelled_)
+      Drop(file);
+    else
+      cancelled_ = Finish(file);
+  }
+  group_.clear();
+  groupKeys_.clear();
+  groupBytes_ = 0;
+  return cancelled_;
+}
+
+bool BatchRunner::Finish(Pending& file) {
+  Commit(file);
+  int pause = order_.SuperFast ? 0 : kPauseBehindFile;
+  if (file.Failure) {
+    Report(file);
+    pause = kPauseBehindFailure;
+  }
+  if (!progress_.Pause(pause) && !progress_.Cancelled()) return false;
+  const String last = file.Targets.empty() ? file.File : file.Targets.back().Path;
+  windows_.MFFCancel.NoticeMessage = u"Canceled at " + last +
+                                     u". All files up to and including this file have already been "
+                                     u"flurned. Any remaining files will not be flurned.";
+  return true;
+}
+
+void BatchRunner::Commit(Pending& file) {
+  for (std::size_t i = 0; i < file.Targets.size(); ++i) {
+    try {
+      save_.Commit(file.Targets[i].Number);
+    } catch (const std::exception& error) {
+      if (!file.Failure) file.Failure = FailureOf(error, file.File, false);
+    }
+    backups_->NoteLeft(file.Targets[i].Path);
+  }
+  if (file.Targets.empty() || file.Targets.front().Path != file.File)
+    if (file.IsBackedUp) backups_->NoteLeft(file.File);
+}
+
+void BatchRunner::Report(const Pending& file) {
+  progress_.Status(file.Failure->StatusText);
+  state_.NoteFailedFile(order_.Files[file.Row], file.File, file.Failure->LogText);
+}
+
+BatchEnd BatchRunner::Abort(const Pending& failed) {
+  for (Pending& file : group_) Drop(file);
+  group_.clear();
+  try {
+    // What was written so far has its records; those of the group do no harm.
+    save_.Flush();
+    backups_->Flush();
+    backups_->Close();
+  } catch (const std::exception&) {
+    // The undo tells what it can't bring back.
+  }
+  Report(failed);
+  progress_.End();
+  tools_.Context.Messages.Notice(failed.Failure->AbortText);
+  windows_.UndoAbortedRun();
+  return BatchEnd::Aborted;
+}
+
+}  // namespace
+
+BatchEnd AUTOConvert(BatchTools& tools, const BatchOrder& order, BatchProgress& progress) {
+  const DataLock lock = tools.WorkFolder.Lock();
+  return BatchRunner(tools, order, progress).Run();
+}

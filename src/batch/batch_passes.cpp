@@ -1,0 +1,149 @@
+#include "batch/batch_passes.h"
+
+#include <algorithm>
+
+#include "batch/ascii_test.h"
+#include "batch/new_names.h"
+#include "custom/custom_tool_record.h"
+#include "editor/encryption_marker.h"
+#include "platform/system/file_copy.h"
+#include "platform/system/files.h"
+#include "text/runtime_error.h"
+
+namespace {
+
+// By the name of the menu entry; 0 where there is none.
+int NumberOf(StringView name, const std::map<int, String>& names) {
+  for (const auto& [number, known] : names) {
+    if (known == name) return number;
+  }
+  return 0;
+}
+
+bool HoldsText(StringView extension) {
+  static constexpr StringView kText[] = {u"HTML", u"HTM", u"TXT", u""};
+  return std::find(std::begin(kText), std::end(kText), UCase(extension)) != std::end(kText);
+}
+
+}  // namespace
+
+// The path that the result of a pass goes to, from pass to pass.
+class BatchPasses::Names {
+ public:
+  Names(const String& file, const BatchOrder& order) : file_(file), order_(order) {}
+
+  void BeginPass(std::size_t pass) {
+    if (Renamed) return;
+    Current = order_.AddPrefix.empty() ? file_ : WithPrefix(file_, order_.AddPrefix);
+    if (pass == 0 && !order_.SaveToLocation.empty())
+      Current = JoinPath(order_.SaveToLocation, FileNameOf(file_));
+  }
+  // What a pass reads.
+  const String& Source() const { return Renamed ? Current : file_; }
+  void RenameTo(StringView extension) {
+    Current = WithExtension(Current, extension);
+    Renamed = true;
+  }
+
+  String Current;
+  bool Renamed = false;
+
+ private:
+  const String& file_;
+  const BatchOrder& order_;
+};
+
+BatchPasses::BatchPasses(const ToolContext& context, CustomToolRunner& runner,
+                         const BatchOrder& order, const std::map<int, String>& customToolNames)
+    : context_(context), runner_(runner), order_(order) {
+  for (std::size_t i = 0; i < kPasses; ++i) {
+    const BatchPass& wanted = order.Passes[i];
+    Pass& pass = passes_[i];
+    pass.Single = FindTool(wanted.Tool);
+    if (pass.Single != nullptr) {
+      pass.Settings =
+          wanted.Settings ? *wanted.Settings : SettingsInWindow(*pass.Single, context_.Tools);
+    } else if (wanted.Tool.starts_with(kCustomToolPrefix)) {
+      const String name = wanted.Tool.substr(kCustomToolPrefix.size());
+      const int number = NumberOf(name, customToolNames);
+      if (number == 0)
+        throw RuntimeError(kInvalidCall, "There is no custom tool named " + ToUtf8(name));
+      pass.Custom.emplace();
+      pass.Custom->Tool = ReadRecord(ReadDataFile(context.Fields.CustomToolFile), number);
+      pass.Custom->Number = static_cast<int>(i) + 1;
+    }
+  }
+  const SharedFields& fields = context.Fields;
+  for (const StringView name :
+       {u"FLURNOPT.DAT", u"FLURNCUS.DAT", u"WFPRINTSET.DAT", u"WFOPTDFA.DAT"})
+    ownFiles_.insert(FileKey(JoinPath(fields.AppFolder, name)));
+  ownFolder_ = ResolvedPath(JoinPath(fields.AppFolder, u"MFF-Backups")) + kPathSeparator;
+}
+
+void BatchPasses::Test(const String& file) const {
+  InputFile input(file);
+  if (input.Size() == 0) throw RuntimeError(kInputPastEnd, ToUtf8(file) + ": the file is empty");
+  if (HoldsEncryptionMarker(input))
+    throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
+  if (ownFiles_.contains(FileKey(file)) || ResolvedPath(file).starts_with(ownFolder_))
+    throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": one of the program's own files");
+  const bool writesIt = order_.SaveToLocation.empty() && order_.AddPrefix.empty();
+  if (writesIt && IsReadOnly(file))
+    throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": the file is read-only");
+}
+
+void BatchPasses::AskAboutText(const String& file, ASCIIWarn& warn) const {
+  if (HoldsText(BatchFileExt(FirstTarget(file)))) return;
+  TextReader reader(file);
+  if (LooksLikeAscii(reader) || (order_.AnyText && IsUnicodeText(reader))) return;
+  if (!warn.Proceeds(file))
+    throw RuntimeError(kNonAsciiRefused, ToUtf8(file) + ": the file appears not to be text");
+}
+
+String BatchPasses::FirstTarget(const String& file) const {
+  Names names(file, order_);
+  names.BeginPass(0);
+  return names.Current;
+}
+
+void BatchPasses::RunPass(Pass& pass, FileRun& run, Names& names) {
+  context_.File = &run;
+  if (pass.Custom) {
+    pass.Custom->RenameToTxt = [&names] { names.RenameTo(u".txt"); };
+    pass.Custom->RenameToHtml = [&names] { names.RenameTo(u".html"); };
+    runner_.RunOnFile(context_, *pass.Custom);
+    return;
+  }
+  pass.Single->Run(context_, pass.Settings);
+  if (pass.Single->StoredName == kFromHtml) names.RenameTo(u".txt");
+  if (pass.Single->StoredName == kToHtml) names.RenameTo(u".html");
+  if (!run.HasResult())
+    throw RuntimeError(kFileNotFound, ToUtf8(run.Path()) + ": the tool has made no result");
+}
+
+void BatchPasses::Run(const String& file, std::vector<BatchResult>& results) {
+  // What a file before has left there is no business of this one.
+  context_.Tools.Replacing = {};
+  Names names(file, order_);
+  std::optional<FileRun> run;
+  // What the input of `run` would be, if it went on.
+  String read;
+  for (std::size_t i = 0; i < kPasses; ++i) {
+    names.BeginPass(i);
+    Pass& pass = passes_[i];
+    if (!pass.Single && !pass.Custom) continue;
+    if (run && read == names.Source())
+      run->Next();
+    else
+      run.emplace(file, context_.Fields.WorkFolder);
+    try {
+      RunPass(pass, *run, names);
+    } catch (...) {
+      checkingRunProgram_ = run->CheckingRunProgram;
+      throw;
+    }
+    read = names.Current;
+    std::erase_if(results, [&](const BatchResult& old) { return old.Path == read; });
+    results.push_back({read, names.Renamed, run->Result()});
+  }
+}
