@@ -276,26 +276,26 @@ TEST_F(QtBox, ACaretSetByTheProgramScrollsIntoView) {
   Edit().resize(300, 200);
   Edit().show();
   box.SetText(text);
-  box.SetSelStart(box.TextLength());
-  EXPECT_TRUE(Edit().viewport()->rect().intersects(Edit().cursorRect()));
-  box.SetSelStart(0);
-  EXPECT_TRUE(Edit().viewport()->rect().intersects(Edit().cursorRect()));
+  for (const std::size_t place : {box.TextLength(), std::size_t{0}}) {
+    box.SetSelStart(place);
+    EXPECT_TRUE(Edit().viewport()->rect().intersects(Edit().cursorRect()));
+  }
 }
 
 TEST_F(QtBox, FontAndWrapFollowTheirProperties) {
-  box.Font = TextFont{u"No Such Family", 17, true};
-  EXPECT_TRUE(QFontInfo(Edit().font()).fixedPitch());
-  EXPECT_EQ(Edit().font().pointSizeF(), 17);
-  EXPECT_TRUE(Edit().font().bold());
-  EXPECT_NEAR(Edit().tabStopDistance(), 8 * QFontMetricsF(Edit().font()).horizontalAdvance(u' '),
-              0.01);
-  box.Font = TextFont{u"DejaVu Sans", 9, false};
-  EXPECT_EQ(Edit().font().family(), u"DejaVu Sans"_qs);
-  EXPECT_EQ(Edit().lineWrapMode(), QPlainTextEdit::WidgetWidth);
-  box.RightMargin = 400000;
-  EXPECT_EQ(Edit().lineWrapMode(), QPlainTextEdit::NoWrap);
-  box.RightMargin = 0;
-  EXPECT_EQ(Edit().lineWrapMode(), QPlainTextEdit::WidgetWidth);
+  for (const TextFont& font :
+       {TextFont{u"No Such Family", 17, true}, TextFont{u"DejaVu Sans", 9}}) {
+    box.Font = font;
+    EXPECT_EQ(Edit().font().pointSizeF(), font.Size);
+    EXPECT_EQ(Edit().font().bold(), font.Bold);
+    EXPECT_EQ(QFontInfo(Edit().font()).fixedPitch(), font.Size == 17) << "a fixed one stands in";
+    EXPECT_NEAR(Edit().tabStopDistance(), 8 * QFontMetricsF(Edit().font()).horizontalAdvance(u' '),
+                0.01);
+  }
+  for (const int margin : {400000, 0}) {
+    box.RightMargin = margin;
+    EXPECT_EQ(Edit().lineWrapMode() == QPlainTextEdit::NoWrap, margin > 0);
+  }
 }
 
 TEST_F(QtBox, LinesWrapAtWordsUnlessOneIsVeryLong) {

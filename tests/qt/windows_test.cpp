@@ -127,7 +127,6 @@ TEST_F(Windows, AFormMayBeDestroyedWhileItIsShown) {
   QPointer<QWidget> window = windows.WindowOf(*modeless);
   modeless.reset();
   EXPECT_TRUE(!window || !window->isVisible());
-
   // From a handler of the window's own button, inside its modal loop.
   auto* form = new SmallDialog(windows);
   form->Cancel.OnClick = [form] { form->Unload(); };
@@ -158,10 +157,19 @@ TEST_F(Windows, AnErrorInAHandlerIsToldAndTheWindowGoesOn) {
   EXPECT_EQ(form.Answer, u"cancel");
 }
 
-TEST_F(Windows, TheKeyboardGoesThroughTheControlsInTheirOrder) {
+TEST_F(Windows, SizeTitleAndOrderOfTheKeyboard) {
   SmallDialog form(windows);
+  form.Columns = 70;
+  form.Lines = 20;
+  form.Caption = u"a[*].txt";
   form.Show();
+  windows.DoEvents();
   QWidget* window = windows.WindowOf(form);
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_FALSE(window->isModal());
+  EXPECT_EQ(window->width(), 70 * window->fontMetrics().averageCharWidth());
+  EXPECT_EQ(window->height(), 20 * window->fontMetrics().lineSpacing());
+  EXPECT_EQ(window->windowTitle(), "a[*][*].txt") << "Qt shows the pair as one";
   auto* text = Find<QLineEdit>(form);
   EXPECT_EQ(window->focusWidget(), text) << "the first input control";
   EXPECT_EQ(Find<QLabel>(form)->buddy(), text);
@@ -170,19 +178,6 @@ TEST_F(Windows, TheKeyboardGoesThroughTheControlsInTheirOrder) {
     if (next->focusPolicy() & Qt::TabFocus) order.push_back(next);
   EXPECT_EQ(order, (std::vector<QWidget*>{text, Named<QPushButton>(form, "&OK"),
                                           Named<QPushButton>(form, "C&ancel")}));
-}
-
-TEST_F(Windows, AWishedSizeCountsCharactersAndLines) {
-  SmallDialog form(windows);
-  form.Columns = 70;
-  form.Lines = 20;
-  form.Caption = u"a[*].txt";
-  form.Show();
-  const QWidget* window = windows.WindowOf(form);
-  EXPECT_EQ(window->width(), 70 * window->fontMetrics().averageCharWidth());
-  EXPECT_EQ(window->height(), 20 * window->fontMetrics().lineSpacing());
-  EXPECT_FALSE(window->isModal());
-  EXPECT_EQ(window->windowTitle(), "a[*][*].txt") << "Qt shows the pair as one";
 }
 
 TEST_F(Windows, AProgressWindowIsClosedByItsCancelButtonAlone) {
@@ -200,13 +195,6 @@ TEST_F(Windows, AProgressWindowIsClosedByItsCancelButtonAlone) {
   windows.WindowOf(form)->close();
   EXPECT_EQ(form.Answer, u"cancel");
   EXPECT_FALSE(windows.WindowOf(form)->windowFlags() & Qt::WindowCloseButtonHint);
-}
-
-TEST_F(Windows, AModelessWindowIsSeenAfterDoEvents) {
-  SmallDialog form(windows);
-  form.Show();
-  windows.DoEvents();
-  EXPECT_TRUE(windows.WindowOf(form)->isVisible());
 }
 
 TEST_F(Windows, QuitEndsTheLoopsAndKeepsItsStatus) {
