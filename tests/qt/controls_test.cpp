@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -33,8 +34,9 @@ struct EveryControl : Form {
     Picture.Icon = u"warning";
   }
   Layout Content() override {
-    return Column({Picture, Heading, Line, Lines2, Tick, Group(u"Kind", {First, Second}),
-                   Group(u"", {Other}), Row({Plain, Ticks, Many}), Row({Fixed, Open}), Bar,
+    return Column({Picture, Heading, Line, Lines2, Tick,
+                   Group(u"Outer", {Group(u"Kind", {First, Second})}), Group(u"", {Other}),
+                   Row({Plain, Ticks, Many}), Row({Fixed, Open}), Bar,
                    Tabs(Strip, {Group(u"One", {Go}), Group(u"Two", {Diff})})});
   }
   Image Picture;
@@ -303,6 +305,7 @@ TEST_F(Controls, HiddenControlsLeaveNoGap) {
   const int full = height();
   form.First.Visible = form.Second.Visible = false;
   EXPECT_LT(height(), full - 40) << "the frame of the group goes with its controls";
+  EXPECT_FALSE(Find<QGroupBox>(form)->isVisible()) << "and the one round it";
   form.First.Visible = form.Second.Visible = true;
   EXPECT_EQ(height(), full);
 }

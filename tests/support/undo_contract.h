@@ -127,19 +127,21 @@ TEST_P(UndoContract, PauseKeyAndMouseEndAStep) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Name);
-    Begin(u"");
+    Begin(u"head tail");
+    Box().SetSelStart(5);
     EXPECT_FALSE(Undo().CanUndo());
-    Type(u"one");
+    Type(u"one ");
     c.Between();
-    Type(u"two");
+    Type(u"two ");
     Press('Z', true);
-    EXPECT_EQ(Box().Text(), c.Steps == 2 ? u"one" : u"");
+    EXPECT_EQ(Box().Text(), c.Steps == 2 ? u"head one tail" : u"head tail");
     Press('Z', true);
-    EXPECT_EQ(Box().Text(), u"");
+    EXPECT_EQ(Box().Text(), u"head tail");
+    EXPECT_EQ(Box().SelStart(), 5u) << "where the caret was before the first letter";
     EXPECT_FALSE(Undo().CanUndo());
     Press('Y', true);
     Press('Y', true);
-    EXPECT_EQ(Box().Text(), u"onetwo");
+    EXPECT_EQ(Box().Text(), u"head one two tail");
     EXPECT_EQ(Undo().UndoCount(), c.Steps);
   }
 }

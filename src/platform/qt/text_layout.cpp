@@ -22,7 +22,7 @@ QRectF TextLayout::blockBoundingRect(const QTextBlock& block) const {
   const QTextLayout& lines = *block.layout();
   for (int i = 0; i < lines.lineCount(); ++i) {
     QTextLine line = lines.lineAt(i);
-    const qreal room = std::min(line.width(), visible) - line.naturalTextWidth();
+    const qreal room = visible - line.naturalTextWidth();
     line.setPosition({margin + std::max(room, 0.), line.y()});
     rect.setRight(std::max(rect.right(), line.x() + line.naturalTextWidth() + margin));
   }

@@ -26,9 +26,8 @@ std::string KeyOf(StringView name, const std::collate<char>& collation) {
     key += collation.transform(text.data(), text.data() + text.size()) + '\0';
     auto end = std::find_if_not(digit, name.end(), IsDigit);
     const auto number = std::find_if(digit, end, [](char16_t c) { return c != u'0'; });
-    const auto digits = static_cast<std::size_t>(end - number);
-    key += static_cast<char>(digits >> 8);
-    key += static_cast<char>(digits & 0xFF);
+    // No file name is longer than this.
+    key += static_cast<char>(std::min<std::ptrdiff_t>(end - number, 255));
     key.append(number, end);
     name = StringView(end, name.end());
   }
