@@ -166,18 +166,13 @@ String CommandLineHelpPage() {
       u"From the command line\n\n"
       u"wordflurn FILE opens a file, which need not exist yet.\n";
   page += kAboutSwitches;
-  page += u'\n';
+  page += u"\n\n";
   ForEachShown(
-      [&page](StringView title) {
-        page += u'\n';
-        page += title;
-        page += u'\n';
-      },
+      [&page](StringView title) { page += UCase(title.substr(0, title.size() - 1)) + u"\n\n"; },
       [&page](const CommandWord& word) {
-        page += NameWithValue(word) + u'\t';
-        page += word.Help;
-        page += u'\n';
+        page += NameWithValue(word) + u'\n' + UCase(word.Help.front());
+        page += word.Help.substr(1);
+        page += u".\n\n";
       });
-  page += u'\n';
   return page += kAboutTheRest;
 }

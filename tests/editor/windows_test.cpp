@@ -58,10 +58,11 @@ TEST(HelpWindow, ShowsTheChosenTopicAboveItsCaller) {
   messages.Help(kHelpSearchReplace);
   EXPECT_EQ(shown, 1);
   EXPECT_FALSE(help.Visible);
-  for (const int topic : {kHelpContents, kHelpRunProgram, kHelpHtml, kHelpSearchReplace}) {
-    EXPECT_TRUE(std::any_of(HelpTopics().begin(), HelpTopics().end(), [topic](const HelpTopic& t) {
-      return t.Number == topic;
-    })) << topic;
+  help.AddPage(kHelpKeys, u"Keys\n\nF1\n");
+  for (const int topic :
+       {kHelpContents, kHelpKeys, kHelpRunProgram, kHelpHtml, kHelpSearchReplace}) {
+    help.Choose(topic);
+    EXPECT_EQ(help.Combo1.ListIndex == 0, topic == kHelpContents) << topic;
   }
 }
 
@@ -110,60 +111,54 @@ TEST(Form, LoadsAgainAfterALoadThatFailed) {
 
 TEST(BrowseFolders, PicksAFolder) {
   TempFolder folder;
-  MakeFolder(folder / u"inner", 0700);
   ScriptedWindowSystem windows;
   Messages messages(windows);
   BrowseFolders browse(windows, messages);
   browse.StartFolder = u" " + folder.Path() + u" ";
-  windows.OnModal = [&](Form&) {
-    EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
-    EXPECT_EQ(browse.ChosenFolder, folder.Path());
-    browse.Dir1.Go(folder / u"inner");
-    browse.Command1.Click();
+  const String inner = folder / u"inner", deep = folder / u"inner/deep";
+  MakeFolders(deep, 0700);
+  const struct {
+    std::function<void()> Act;
+    String Chosen;
+  } cases[] = {
+      {[&] { browse.Command1.Click(); }, folder.Path()},
+      {[&] { browse.Dir1.Go(inner), browse.Command1.Click(); }, inner},
+      {[&] { browse.CloseByFrame(); }, u""},
+      // A folder highlighted counts; going on counts from there.
+      {[&] {
+         EXPECT_EQ(browse.Dir1.Highlighted(), folder.Path());
+         browse.Dir1.ListIndex = static_cast<int>(browse.Dir1.Rows.Get().size()) - 1;
+         EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
+         browse.Command1.Click();
+       },
+       inner},
+      // The volume follows the folder without sending it to the volume's top, and the other way
+      // round.
+      {[&] {
+         browse.Drive1.List = std::vector<String>{u"/", inner};
+         browse.Dir1.Go(deep);
+         EXPECT_EQ(browse.Drive1.Drive.Get(), inner);
+         EXPECT_EQ(browse.Dir1.Path.Get(), deep);
+         browse.Drive1.Drive = u"/";
+         EXPECT_EQ(browse.Dir1.Path.Get(), u"/");
+         browse.Command1.Click();
+       },
+       u"/"},
+      {[&] {
+         const String drive = browse.Drive1.Drive;
+         browse.Drive1.List = std::vector<String>{u"/", folder / u"no disk"};
+         browse.Drive1.Drive = folder / u"no disk";
+         EXPECT_EQ(browse.Drive1.Drive.Get(), drive);
+         EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
+         browse.Command2.Click();
+       },
+       u""},
   };
-  browse.ShowModal();
-  EXPECT_EQ(browse.ChosenFolder, folder / u"inner");
-
-  // A folder highlighted counts; going on counts from there.
-  windows.OnModal = [&](Form&) {
-    EXPECT_EQ(browse.Dir1.Highlighted(), folder.Path());
-    browse.Dir1.ListIndex = static_cast<int>(browse.Dir1.Rows.Get().size()) - 1;
-    EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
-    browse.Command1.Click();
-  };
-  browse.ShowModal();
-  EXPECT_EQ(browse.ChosenFolder, folder / u"inner");
-
-  windows.OnModal = [&](Form&) { browse.CloseByFrame(); };
-  browse.ShowModal();
-  EXPECT_EQ(browse.ChosenFolder, u"");
-
-  // The volume follows the folder without sending it to the volume's top, and the other way round.
-  MakeFolder(folder / u"inner/deep", 0700);
-  windows.OnModal = [&](Form&) {
-    browse.Drive1.List = std::vector<String>{u"/", folder / u"inner"};
-    browse.Dir1.Go(folder / u"inner/deep");
-    EXPECT_EQ(browse.Drive1.Drive.Get(), folder / u"inner");
-    EXPECT_EQ(browse.Dir1.Path.Get(), folder / u"inner/deep");
-    browse.Drive1.Drive = u"/";
-    EXPECT_EQ(browse.Dir1.Path.Get(), u"/");
-    browse.Dir1.Go(folder / u"inner/deep");
-    browse.Drive1.Drive = u"/";
-    EXPECT_EQ(browse.Dir1.Path.Get(), u"/");
-    browse.Command1.Click();
-  };
-  browse.ShowModal();
-  EXPECT_EQ(browse.ChosenFolder, u"/");
-
-  windows.OnModal = [&](Form&) {
-    const String drive = browse.Drive1.Drive;
-    browse.Drive1.List = std::vector<String>{u"/", folder / u"no disk"};
-    browse.Drive1.Drive = folder / u"no disk";
-    EXPECT_EQ(browse.Drive1.Drive.Get(), drive);
-    EXPECT_EQ(browse.Dir1.Path.Get(), folder.Path());
-    browse.Command2.Click();
-  };
-  browse.ShowModal();
+  for (const auto& c : cases) {
+    windows.OnModal = [&](Form&) { c.Act(); };
+    browse.ShowModal();
+    EXPECT_EQ(browse.ChosenFolder, c.Chosen);
+  }
   EXPECT_EQ(windows.Notices,
             std::vector{String(u" There is no disk in the drive / device unavailable.")});
 }
