@@ -46,61 +46,57 @@ int Tell(const char* text) {
 // Tells on standard error, and in a window where nobody may read that.
 int TellInWindow(WindowSystem& windows, const RuntimeError& error, const String& title) {
   Tell(error.what());
-  if (StandardErrorIsTerminal()) return 1;
+  if (StandardErrorIsTerminal() || !PersonCanSeeWindows()) return 1;
   Messages messages(windows);
   if (!title.empty()) messages.Notice1.Caption = title;
   messages.Notice(FromUtf8(error.what()));
   return 1;
 }
 
-int Refuse(int argc, char** argv, const RefusedCommandLine& refused) {
-  if (!StandardErrorIsTerminal() && PersonCanSeeWindows()) {
-    try {
-      return TellInWindow(*LoadWindowSystem(argc, argv), refused, refused.Title);
-    } catch (const RuntimeError&) {
-      // Without a display, standard error is all there is.
-    }
-  }
-  return Tell(refused.what());
-}
-
 // A tool or a batch on files: never with a window system, whether there is a display or not.
-int RunOnFiles(int argc, char** argv, const JoinedLine& line) {
+int RunOnFiles(const JoinedLine& line) {
   KeepFreedMemory();
   ConsoleWindowSystem windows;
-  try {
-    return RunWithoutWindow(windows, line);
-  } catch (const RefusedCommandLine& refused) {
-    return Refuse(argc, argv, refused);
-  }
+  return RunWithoutWindow(windows, line);
 }
 
 int RunWithWindowSystem(int argc, char** argv) {
   const auto windows = LoadWindowSystem(argc, argv);
-  // Only now: the window system has taken its own arguments out.
-  const JoinedLine line = LineOf(argc, argv);
-  const Job job = JobOf(line.Text);
-  if (job == Job::Clipboard) {
+  Job job = Job::Window;
+  try {
+    // Only now: the window system has taken its own arguments out.
+    const JoinedLine line = LineOf(argc, argv);
+    job = JobOf(line.Text);
+    if (job == Job::Window) return RunInWindow(*windows, line);
+    if (job != Job::Clipboard) return RunOnFiles(line);
     ClipboardWindows unattended(*windows);
     return RunWithoutWindow(unattended, line);
-  }
-  if (job != Job::Window) return RunOnFiles(argc, argv, line);
-  try {
-    return RunInWindow(*windows, line);
+  } catch (const RefusedCommandLine& refused) {
+    return TellInWindow(*windows, refused, refused.Title);
   } catch (const RuntimeError& error) {
-    return TellInWindow(*windows, error, {});
+    return job == Job::Window ? TellInWindow(*windows, error, {}) : Tell(error.what());
   }
+}
+
+int Refuse(int argc, char** argv, const RefusedCommandLine& refused) {
+  std::unique_ptr<WindowSystem> windows;
+  try {
+    if (!StandardErrorIsTerminal() && PersonCanSeeWindows()) windows = LoadWindowSystem(argc, argv);
+  } catch (const RuntimeError&) {
+    // Without a display, standard error is all there is.
+  }
+  return windows ? TellInWindow(*windows, refused, refused.Title) : Tell(refused.what());
 }
 
 int RunSwitches(int argc, char** argv) {
   try {
     const JoinedLine line = LineOf(argc, argv);
     const Job job = JobOf(line.Text);
-    if (job == Job::Window || job == Job::Clipboard) return RunWithWindowSystem(argc, argv);
-    return RunOnFiles(argc, argv, line);
+    if (job != Job::Window && job != Job::Clipboard) return RunOnFiles(line);
   } catch (const RefusedCommandLine& refused) {
     return Refuse(argc, argv, refused);
   }
+  return RunWithWindowSystem(argc, argv);
 }
 
 int RunOption(int argc, char** argv) {
