@@ -128,6 +128,11 @@ TEST(CommonLengths, Cases) {
       {u"xa", u"ya", 0, 1},
       {u"\xD83D\xDE00", u"\xD83D\xDE01", 0, 0},
       {u"\xD83D\xDE00", u"\xD83C\xDE00", 0, 0},
+      // A half that stands alone in one of the two.
+      {u"\xD83D\xDE00", u"\xD83Dx", 0, 0},
+      {u"\xD83Dx", u"\xD83D\xDE00", 0, 0},
+      {u"\xD83D\xDE00", u"x\xDE00", 0, 0},
+      {u"x\xDE00", u"\xD83D\xDE00", 0, 0},
       {u"a\xD83D\xDE00"
        u"b",
        u"a\xD83D\xDE00\xD83D\xDE00"
