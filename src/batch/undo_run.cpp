@@ -9,6 +9,7 @@
 #include "platform/system/byte_file.h"
 #include "platform/system/files.h"
 #include "platform/system/folder_work.h"
+#include "platform/system/grouped_save.h"
 #include "platform/system/safe_save.h"
 #include "text/runtime_error.h"
 
@@ -78,7 +79,10 @@ class Undo {
         outcome_.Left.push_back(step.First->Path);
       else
         Try(step, [&] { Carry(step); });
+      if (inGroup_.size() == kGroup) FinishGroup();
     }
+    FinishGroup();
+    if (steps_.size() > kFewFiles) Flush();
     return outcome_;
   }
 
@@ -148,22 +152,68 @@ class Undo {
     const String& path = step.Path;
     if (step.Done) return Count(step);
     if (step.Keep) KeepCopy(path);
-    if (step.First->Kind == Kind::Removal)
+    if (step.First->Kind == Kind::Removal) {
       DeleteFile(path);
-    else
-      Restore(BackupOf(step), path);
+    } else if (!StampOf(path)) {
+      BringBack(BackupOf(step), path);
+    } else if (steps_.size() > kFewFiles) {
+      return AddToGroup(step);
+    } else {
+      const String backup = BackupOf(step);
+      SafeSave(path, [&](const ByteSink& sink) { InputFile(backup).ReadRest(sink); });
+      CarryTimes(backup, path);
+    }
     Count(step);
+  }
+
+  void AddToGroup(Step& step) {
+    const std::size_t number = group_.Add(step.Path);
+    try {
+      OutputFile content = group_.Content(number);
+      InputFile(BackupOf(step)).ReadRest([&](std::string_view bytes) { content.Write(bytes); });
+      content.Close();
+    } catch (...) {
+      group_.Drop(number);
+      throw;
+    }
+    inGroup_.emplace_back(&step, number);
+  }
+
+  // False, and nothing of the group may be committed, when nobody knows what is on the disk.
+  bool Flush() {
+    try {
+      group_.Flush();
+      return true;
+    } catch (const std::exception& error) {
+      outcome_.Failures.push_back(CauseOf(error));
+      return false;
+    }
+  }
+
+  void FinishGroup() {
+    const bool flushed = inGroup_.empty() || Flush();
+    for (const auto& [step, number] : inGroup_) {
+      if (flushed)
+        Try(*step, [&, &file = *step, entry = number] {
+          group_.Commit(entry);
+          CarryTimes(BackupOf(file), file.Path);
+          Count(file);
+        });
+      else
+        Try(*step, [&, &file = *step, entry = number] {
+          group_.Drop(entry);
+          throw RuntimeError(kDeviceIoError, ToUtf8(file.Path) + ": not restored");
+        });
+    }
+    inGroup_.clear();
   }
 
   void Count(const Step& step) {
     ++(step.First->Kind == Kind::Removal ? outcome_.Removed : outcome_.Restored);
   }
 
-  static void Restore(const String& backup, const String& path) {
-    if (StampOf(path)) {
-      SafeSave(path, [&](const ByteSink& sink) { InputFile(backup).ReadRest(sink); });
-      return CarryTimes(backup, path);
-    }
+  // To where no file is.
+  static void BringBack(const String& backup, const String& path) {
     const String target = ResolvedPath(path);
     constexpr unsigned kFolderMode = 0777;
     MakeFolders(FolderOf(target), kFolderMode);
@@ -192,6 +242,11 @@ class Undo {
     }
   }
 
+  // So few are saved one by one, without a wait for all that other programs write.
+  static constexpr std::size_t kFewFiles = 8;
+  // Each has some files open.
+  static constexpr std::size_t kGroup = 200;
+
   const String folder_;
   const UndoOrder& order_;
   const History history_;
@@ -199,6 +254,9 @@ class Undo {
   std::vector<Step> steps_;
   std::unordered_map<String, std::size_t> byKey_;
   std::unordered_set<const Step*> failed_;
+  GroupedSave group_;
+  // Files whose old content waits to be put in place.
+  std::vector<std::pair<Step*, std::size_t>> inGroup_;
   UndoOutcome outcome_;
 };
 

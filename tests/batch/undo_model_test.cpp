@@ -38,6 +38,10 @@ class Model {
     fs::create_symlink("a", folder_.Path / "link");
     fs::create_hard_link(folder_.Path / "b", folder_.Path / "hard");
     if (Chance(2)) folder_.Put("new.html", Content());
+    // Many files are undone in another way than a few.
+    if (Chance(2))
+      for (int i = 0; i < 10; ++i) more_.push_back("more" + std::to_string(i));
+    for (const std::string& name : more_) folder_.Put(name, Content());
     before_ = Now();
   }
 
@@ -46,7 +50,11 @@ class Model {
     fs::create_directory(folder_.Path / "data");
     run_ = ring.Prepare().value();
     RunBackups backups(run_, MakeRunHead(0, u"Random run"));
-    for (unsigned row = 0; row < 1 + random_() % 6; ++row) Row(backups);
+    for (unsigned row = 0; row < 1 + random_() % 6; ++row) {
+      const auto [name, file] = kNames[random_() % std::size(kNames)];
+      Row(backups, name, file);
+    }
+    for (const std::string& file : more_) Row(backups, file, file);
     finished_ = !Chance(4);
     if (!finished_) return;
     backups.Close();
@@ -133,6 +141,8 @@ class Model {
     Files files;
     for (const char* name : {"a", "b", "c", "sub/d", "sub/a", "new.html", "sub/new.html"})
       if (fs::exists(folder_.Path / name)) files[name] = folder_.Get(name);
+    for (const std::string& name : more_)
+      if (fs::exists(folder_.Path / name)) files[name] = folder_.Get(name);
     return files;
   }
 
@@ -147,8 +157,7 @@ class Model {
     return kept;
   }
 
-  void Row(RunBackups& backups) {
-    const auto [name, file] = kNames[random_() % std::size(kNames)];
+  void Row(RunBackups& backups, const std::string& name, const std::string& file) {
     const String path = folder_ / name;
     if (fs::exists(folder_.Path / file)) {
       backups.BackUp(path);
@@ -175,6 +184,7 @@ class Model {
   Files before_;
   String run_;
   bool finished_ = false;
+  std::vector<std::string> more_;
   std::map<String, std::string> backedUp_;
   std::set<std::string> made_;
   // What the run has told that it has left; what of that is on the disk.
