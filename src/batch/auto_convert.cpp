@@ -239,16 +239,19 @@ bool BatchRunner::FinishGroup() {
     backups_->Flush();
   } catch (const std::exception& error) {
     // No backup and record that is known to be on the disk: no change.
+    backups_->Forget();
     for (Pending& file : group_) {
       Drop(file);
       if (!file.Failure) file.Failure = FailureOf(error, file.File, false);
     }
   }
   for (Pending& file : group_) {
-    if (cancelled_)
+    if (cancelled_) {
       Drop(file);
-    else
+      if (file.IsBackedUp) backups_->NoteLeft(file.File);
+    } else {
       cancelled_ = Finish(file);
+    }
   }
   group_.clear();
   groupKeys_.clear();

@@ -80,12 +80,16 @@ void RunBackups::Flush() {
     history_.Append(records_);
     history_.Flush();
   } catch (...) {
-    for (const String& key : keys_) recorded_.erase(key);
-    records_.clear();
-    backups_.clear();
-    keys_.clear();
+    Forget();
     throw;
   }
+  records_.clear();
+  backups_.clear();
+  keys_.clear();
+}
+
+void RunBackups::Forget() {
+  for (const String& key : keys_) recorded_.erase(key);
   records_.clear();
   backups_.clear();
   keys_.clear();

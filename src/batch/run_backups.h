@@ -39,6 +39,9 @@ class RunBackups {
   // Returns when the backups and records noted so far are on the disk. RuntimeError, and none of
   // the files noted since the last Flush is recorded: they must not be changed.
   void Flush();
+  // Forgets what was noted since the last Flush, where it is not known whether the backups that
+  // others made are on the disk. None of those files may be changed.
+  void Forget();
 
   // Tells that the run is done with a path, whether it has written it or not, so that undo knows
   // what the run has left. Not told of, a file counts as written by the run alone. Never fails.
