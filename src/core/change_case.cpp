@@ -66,6 +66,11 @@ ChangeCase::~ChangeCase() {
   session_.OnStartAnew = nullptr;
   session_.OnDocumentChanged = nullptr;
   session_.OnTell = nullptr;
+  RichTextBox1.OnChange = nullptr;
+  RichTextBox1.OnSelChange = nullptr;
+  RichTextBox1.OnKeyDown = nullptr;
+  RichTextBox1.OnMouseDown = nullptr;
+  RichTextBox1.ContextMenu = nullptr;
 }
 
 Layout ChangeCase::Content() { return Column({Picture1, RichTextBox1, Find.Layout(), Status.Bar}); }

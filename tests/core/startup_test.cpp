@@ -33,6 +33,7 @@ TEST(DataPaths, NoSeparatorIsDoubled) {
 }
 
 TEST_F(StartTest, CustomToolsStandOnTheMenu) {
+  const String longName = u"A && X" + String(75, u'x') + u"\u2026";
   struct Case {
     const char* Name;
     std::string File;
@@ -49,6 +50,7 @@ TEST_F(StartTest, CustomToolsStandOnTheMenu) {
       {"last one counts", "Tool2:\r\nb\r\nTool1:\r\na\r\n", {{1, u"A"}, {2, u"B"}}, 1},
       {"no such number", "Tool0:\nx\nTool9:\nx\ntool1:\nx\nTool1: \nx\n", {}, 0},
       {"name that looks like a key", "Tool1:\nTool2:\nTool3:\nz\n", {{1, u"Tool2:"}, {3, u"Z"}}, 3},
+      {"& and a long name", "Tool1:\na & " + std::string(80, 'x'), {{1, longName}}, 1},
       {"cut off behind the key", "Tool1:\na\nTool2:", {{1, u"A"}}, 1},
       {"no text at all", "\xFF\xFE\0Tool1:\0\x80\r\n\r\r\n"s, {}, 0},
   };
