@@ -17,3 +17,7 @@ String BatchState::BatchErrorText() const {
   return errorText_ + u"and " + Str(static_cast<long long>(more)) +
          (more == 1 ? u" more file." : u" more files.") + String(kCrLf);
 }
+
+WhileLocked LockOf(const WorkFolder& folder) {
+  return [&folder](const std::function<void()>& action) { folder.WhileLocked(action); };
+}

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "batch/backup_ring.h"
+#include "platform/system/work_folder.h"
 
 struct BatchState {
   // So many failed files are told with their causes; of more, the number.
@@ -35,3 +36,5 @@ struct BatchState {
 // Runs an action under the lock of the data folder. RuntimeError 70, and nothing is run, while
 // another program holds it.
 using WhileLocked = std::function<void(const std::function<void()>& action)>;
+// What a window and a terminal share of the data folder.
+WhileLocked LockOf(const WorkFolder& folder);

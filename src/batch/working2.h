@@ -7,6 +7,8 @@ class Working2 : public Form {
  public:
   explicit Working2(WindowSystem& windows);
   Layout Content() override;
+  // No text may be changed, and the program not be left, while a batch works.
+  bool BlocksOthers() const override { return true; }
   void CloseByFrame() override { Command1.Click(); }
 
   // That the batch works on file `file` of `of`, counted from 1.

@@ -71,11 +71,6 @@ BatchOrder ReadOrder(Session& session, const JoinedLine& given) {
   return order;
 }
 
-// What the wizard and a terminal share of the data folder.
-WhileLocked LockOf(const WorkFolder& folder) {
-  return [&folder](const std::function<void()>& action) { folder.WhileLocked(action); };
-}
-
 int StatusOf(BatchEnd end, bool anyFailed) {
   if (end == BatchEnd::NotBegun || end == BatchEnd::Aborted) return 1;
   return end == BatchEnd::Cancelled || anyFailed ? 2 : 0;

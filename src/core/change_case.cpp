@@ -52,7 +52,8 @@ ChangeCase::ChangeCase(Session& session)
       Status(Fields, RichTextBox1, Document),
       Edit(session.Windows, RichTextBox1, ActiveControl),
       Find(RichTextBox1, Messages),
-      UndoEdit(session.Windows, Fields) {
+      UndoEdit(session.Windows, Fields),
+      Batch(session.Windows, session.Messages, Fields.AppFolder, LockOf(session.WorkFolder)) {
   Columns = 140;
   Lines = 36;
   WireSession();
@@ -165,7 +166,7 @@ void ChangeCase::Do(void (*run)(ChangeCase&), const Command& command) {
 // While a tool lets events run, the editor may hold the selection alone, or a text that is half
 // done: nothing may save it, replace it or work on it.
 bool ChangeCase::RefusedWhileToolRuns() {
-  if (toolRuns_) Tell(u"A tool is still running.");
+  if (toolRuns_) Tell(u"The program is still at work.");
   return toolRuns_;
 }
 
@@ -278,6 +279,11 @@ void ChangeCase::RunFromToolBar(const std::function<void()>& run) {
   if (Fields.ToolBusy) return;
   const ScopedValue busy(Fields.ToolBusy, true);
   run();
+}
+
+void ChangeCase::UndoMultipleFileFlurn() {
+  const ScopedValue running(toolRuns_, true);
+  Batch.ShowUndo();
 }
 
 void ChangeCase::UndoStop() {

@@ -2,6 +2,7 @@
 // The main window: it shows a session, and makes menus, keys, tool bar and status bar do what the
 // table of commands says.
 
+#include "batch/batch_windows.h"
 #include "core/main_menu.h"
 #include "core/session.h"
 #include "core/status_line.h"
@@ -35,6 +36,7 @@ class ChangeCase : public Form {
   void RunTool(const Tool& tool);
   void RunCustomToolAsOneStep(int number);
   void RunFromToolBar(const std::function<void()>& run);
+  void UndoMultipleFileFlurn();
 
   CustomToolResult RunCustomTool(int number) { return session_.RunCustomTool(number); }
   ToolContext Context() { return session_.Context(); }
@@ -69,6 +71,7 @@ class ChangeCase : public Form {
   EditCommands Edit;
   FindPanel Find;
   clsUndo UndoEdit;
+  BatchWindows Batch;
 
  protected:
   void Load() override;

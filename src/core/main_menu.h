@@ -31,6 +31,7 @@ struct MainMenu {
   MenuItem UndoEditMenu;
   MenuItem RedoEditMenu;
   MenuItem hyphen9;
+  MenuItem UndoMFFMenu;
   MenuItem CutMenu;
   MenuItem CopyMenu;
   MenuItem CopyAllMenu;

@@ -53,7 +53,7 @@ QWidget* QtWindowSystem::ParentFor(const Form& form) const {
   return nullptr;
 }
 
-void QtWindowSystem::Show(Form& form) { ViewOf(form).Show(false, ParentFor(form)); }
+void QtWindowSystem::Show(Form& form) { ViewOf(form).Show(form.BlocksOthers(), ParentFor(form)); }
 
 void QtWindowSystem::RunModal(Form& form) {
   if (quit_) return form.Hide();

@@ -27,6 +27,8 @@ class Form {
   // Asked once after each load, when the window is first shown.
   virtual Layout Content() = 0;
   virtual Frame Style() const { return Frame::Dialog; }
+  // Whether all other windows wait while it is there, though Show returns at once.
+  virtual bool BlocksOthers() const { return false; }
   // Menus of a main window.
   virtual std::vector<MenuItem*> Menus() { return {}; }
 
