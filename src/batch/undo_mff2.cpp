@@ -136,7 +136,12 @@ UndoOrder UndoMFF2::Order() {
     for (const int row : List1.Selected.Get())
       order.Selected->insert(List1.List.Get().at(static_cast<std::size_t>(row)));
   }
-  order.Progress = [this](std::size_t done, std::size_t of) {
+  order.Progress = [this, next = Windows().Milliseconds()](std::size_t done,
+                                                           std::size_t of) mutable {
+    // Showing it takes longer than restoring a file.
+    constexpr int kStepMilliseconds = 50;
+    if (Windows().Milliseconds() < next) return;
+    next = Windows().Milliseconds() + kStepMilliseconds;
     Label5.Caption = u"Restoring " + FileOf(done + 1, of);
     Windows().DoEvents();
   };

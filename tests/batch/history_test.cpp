@@ -1,6 +1,7 @@
 #include "batch/history.h"
 
 #include <random>
+#include <sys/xattr.h>
 
 #include "batch/left_states.h"
 #include "batch/ring_folder.h"
@@ -167,7 +168,14 @@ TEST(RunBackups, BackupsKeepWhatAFileHasBesides) {
   fs::permissions(folder.Path / "a", fs::perms{0640});
   const auto time = fs::last_write_time(folder.Path / "a") - std::chrono::hours(1000);
   fs::last_write_time(folder.Path / "a", time);
+  const std::string value = "read";
+  const bool hasAttributes =
+      setxattr((folder.Path / "a").c_str(), "user.state", value.data(), value.size(), 0) == 0;
   RunBackups(folder / "run", kHead).BackUp(folder / "a");
+  char kept[16];
+  const ssize_t size = getxattr((folder.Path / "run/a").c_str(), "user.state", kept, sizeof kept);
+  EXPECT_TRUE(!hasAttributes ||
+              std::string(kept, static_cast<std::size_t>(std::max<ssize_t>(size, 0))) == value);
   EXPECT_EQ(fs::status(folder.Path / "run/a").permissions(), fs::perms{0640});
   EXPECT_EQ(fs::last_write_time(folder.Path / "run/a"), time);
 }
