@@ -107,6 +107,15 @@ constexpr ToolMenuGroup kGroups[] = {
 
 std::span<const Tool> Catalogue() { return kTools; }
 
+std::vector<String> OfferedTools(ToolUse use) {
+  std::vector<String> names{String(kNoTool)};
+  for (const Tool& tool : kTools) {
+    const bool forSteps = tool.Group == CustomAndBatchOnly && use == ToolUse::Step;
+    if (forSteps || !tool.Caption.empty()) names.emplace_back(tool.StoredName);
+  }
+  return names;
+}
+
 const Tool* FindTool(StringView storedName) {
   for (const Tool& tool : kTools) {
     if (tool.StoredName == storedName) return &tool;

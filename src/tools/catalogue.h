@@ -2,6 +2,7 @@
 // The one list of all tools. Menus, the lists of stored steps and the dispatchers are made from it.
 
 #include <span>
+#include <vector>
 
 #include "tools/tool_context.h"
 
@@ -56,6 +57,10 @@ inline constexpr StringView kRunProgram = u"Run Program";
 
 // In menu order.
 std::span<const Tool> Catalogue();
+// The stored names that a list of tools offers, kNoTool first and then in menu order: for a step of
+// a custom tool, or for a pass of a batch.
+enum class ToolUse { Step, Pass };
+std::vector<String> OfferedTools(ToolUse use);
 // Null when no tool has this stored name.
 const Tool* FindTool(StringView storedName);
 
