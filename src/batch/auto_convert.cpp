@@ -30,6 +30,9 @@ struct Pending {
 
   std::size_t Row = 0;
   String File;
+  // Of the file: behind all links, and the same for all of its names.
+  String Resolved;
+  String Key;
   std::vector<Target> Targets;
   std::optional<BatchFailure> Failure;
   // It has a record in the history.
@@ -54,9 +57,11 @@ class BatchRunner {
   BatchEnd EndOf(bool cancelled);
   void NotBegun();
 
-  Pending Begin(std::size_t row);
-  // That no other file of the list has written this path; key: of the file that is worked on.
-  void TestNotWritten(const String& path, const String& key) const;
+  Pending Identify(std::size_t row) const;
+  void Begin(Pending& file);
+  // That no other file of the list has written this path; source: the file that is worked on. Both
+  // behind all links.
+  void TestNotWritten(const String& path, const String& resolved, const String& source) const;
   void Stage(Pending& file, std::vector<BatchResult>& results);
   void StageTarget(Pending& file, BatchResult& result);
   void Drop(Pending& file);
@@ -67,8 +72,6 @@ class BatchRunner {
   void Report(const Pending& file);
   BatchEnd Abort(const Pending& file);
 
-  // Whether the file, or one that it would write, waits in the group.
-  bool WaitsInGroup(const String& file) const { return groupKeys_.contains(FileKey(file)); }
   bool GroupIsFull() const {
     return group_.size() >= (order_.SuperFast ? kMostInGroup : 1) ||
            groupBytes_ > kMostBytesInGroup;
@@ -128,9 +131,11 @@ BatchEnd BatchRunner::Run() {
 
 BatchEnd BatchRunner::Work() {
   for (std::size_t row = 0; row < order_.Files.size(); ++row) {
-    if (WaitsInGroup(order_.Files[row]) && FinishGroup()) return EndOf(true);
+    Pending file = Identify(row);
+    // The file, or one that it would write, waits in the group.
+    if (groupKeys_.contains(file.Key) && FinishGroup()) return EndOf(true);
     progress_.File(row + 1, order_.Files.size());
-    Pending file = Begin(row);
+    Begin(file);
     if (file.Failure && file.Failure->Aborts()) return Abort(file);
     group_.push_back(std::move(file));
     if (GroupIsFull() && FinishGroup()) return EndOf(true);
@@ -152,11 +157,22 @@ BatchEnd BatchRunner::EndOf(bool cancelled) {
   return cancelled ? BatchEnd::Cancelled : BatchEnd::Done;
 }
 
-// Runs the passes on a file and stages what they have made. Nothing of it is written yet.
-Pending BatchRunner::Begin(std::size_t row) {
+Pending BatchRunner::Identify(std::size_t row) const {
   Pending file;
   file.Row = row;
   file.File = order_.Files[row];
+  try {
+    file.Resolved = ResolvedPath(file.File);
+    file.Key = FileKey(file.File);
+  } catch (const std::exception& error) {
+    file.Failure = FailureOf(error, file.File, false);
+  }
+  return file;
+}
+
+// Runs the passes on a file and stages what they have made. Nothing of it is written yet.
+void BatchRunner::Begin(Pending& file) {
+  if (file.Failure) return;
   std::vector<BatchResult> results;
   bool mayBeBackedUp = false;
   const auto fail = [&](const std::exception& error) {
@@ -165,8 +181,8 @@ Pending BatchRunner::Begin(std::size_t row) {
   };
   try {
     progress_.Status(u"Working on file: " + passes_.FirstTarget(file.File));
-    passes_.Test(file.File);
-    TestNotWritten(file.File, ResolvedPath(file.File));
+    passes_.Test(file.File, file.Resolved);
+    TestNotWritten(file.File, file.Resolved, file.Resolved);
     mayBeBackedUp = true;
     passes_.AskAboutText(file.File, windows_.ASCIIWarn);
     passes_.Run(file.File, results);
@@ -179,22 +195,25 @@ Pending BatchRunner::Begin(std::size_t row) {
     Drop(file);
     fail(error);
   }
-  return file;
 }
 
-void BatchRunner::TestNotWritten(const String& path, const String& key) const {
-  const auto writer = written_.find(ResolvedPath(path));
-  if (writer != written_.end() && writer->second != key)
+void BatchRunner::TestNotWritten(const String& path, const String& resolved,
+                                 const String& source) const {
+  const auto writer = written_.find(resolved);
+  if (writer != written_.end() && writer->second != source)
     throw RuntimeError(kPathFileAccess,
                        "The name " + ToUtf8(path) + " is already written by this run.");
 }
 
 void BatchRunner::Stage(Pending& file, std::vector<BatchResult>& results) {
-  const String key = ResolvedPath(file.File);
-  groupKeys_.insert(FileKey(file.File));
+  groupKeys_.insert(file.Key);
   // All of them before any is written.
-  for (const BatchResult& result : results) TestNotWritten(result.Path, key);
-  for (const BatchResult& result : results) written_.emplace(ResolvedPath(result.Path), key);
+  std::vector<String> resolved;
+  for (const BatchResult& result : results) {
+    resolved.push_back(result.Path == file.File ? file.Resolved : ResolvedPath(result.Path));
+    TestNotWritten(result.Path, resolved.back(), file.Resolved);
+  }
+  for (String& path : resolved) written_.emplace(std::move(path), file.Resolved);
   // The file's own record comes first.
   std::stable_partition(results.begin(), results.end(),
                         [&](const BatchResult& result) { return result.Path == file.File; });
@@ -206,7 +225,7 @@ void BatchRunner::Stage(Pending& file, std::vector<BatchResult>& results) {
 }
 
 void BatchRunner::StageTarget(Pending& file, BatchResult& result) {
-  groupKeys_.insert(FileKey(result.Path));
+  if (result.Path != file.File) groupKeys_.insert(FileKey(result.Path));
   groupBytes_ += result.Content.Size();
   const std::size_t number = save_.Add(result.Path, file.File);
   file.Targets.push_back({result.Path, number});

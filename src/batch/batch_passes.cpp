@@ -76,16 +76,16 @@ BatchPasses::BatchPasses(const ToolContext& context, CustomToolRunner& runner,
   const SharedFields& fields = context.Fields;
   for (const StringView name :
        {u"FLURNOPT.DAT", u"FLURNCUS.DAT", u"WFPRINTSET.DAT", u"WFOPTDFA.DAT"})
-    ownFiles_.insert(FileKey(JoinPath(fields.AppFolder, name)));
+    ownFiles_.insert(ResolvedPath(JoinPath(fields.AppFolder, name)));
   ownFolder_ = ResolvedPath(JoinPath(fields.AppFolder, u"MFF-Backups")) + kPathSeparator;
 }
 
-void BatchPasses::Test(const String& file) const {
+void BatchPasses::Test(const String& file, const String& resolved) const {
   InputFile input(file);
   if (input.Size() == 0) throw RuntimeError(kInputPastEnd, ToUtf8(file) + ": the file is empty");
   if (HoldsEncryptionMarker(input))
     throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
-  if (ownFiles_.contains(FileKey(file)) || ResolvedPath(file).starts_with(ownFolder_))
+  if (ownFiles_.contains(resolved) || resolved.starts_with(ownFolder_))
     throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": one of the program's own files");
   const bool writesIt = order_.SaveToLocation.empty() && order_.AddPrefix.empty();
   if (writesIt && IsReadOnly(file))

@@ -24,9 +24,10 @@ class BatchPasses {
   BatchPasses(const ToolContext& context, CustomToolRunner& runner, const BatchOrder& order,
               const std::map<int, String>& customToolNames);
 
-  // Whether a batch may work on this file at all. RuntimeError: 62 for an empty one, 249 for
-  // encrypted text, 70 for one without write permission or of the program itself.
-  void Test(const String& file) const;
+  // Whether a batch may work on this file at all; resolved: behind all links. RuntimeError: 62 for
+  // an empty one, 249 for encrypted text, 70 for one without write permission or of the program
+  // itself.
+  void Test(const String& file, const String& resolved) const;
   // Whether a file that looks like no text is to be left alone.
   void AskAboutText(const String& file, ASCIIWarn& warn) const;
 

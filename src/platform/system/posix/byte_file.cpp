@@ -1,8 +1,8 @@
 #include "platform/system/byte_file.h"
 
+#include <algorithm>
 #include <fcntl.h>
 #include <unistd.h>
-#include <vector>
 
 #include "platform/system/files.h"
 #include "platform/system/posix/rewrite_in_place.h"
@@ -52,8 +52,11 @@ std::size_t InputFile::Read(char* buffer, std::size_t size) {
 }
 
 void InputFile::ReadRest(const std::function<void(std::string_view bytes)>& use) {
-  std::vector<char> block(1 << 17);
-  while (const std::size_t size = Read(block.data(), block.size())) use({block.data(), size});
+  // A small file needs no whole block.
+  constexpr std::uint64_t kMost = 1 << 17;
+  const auto length = static_cast<std::size_t>(std::min(Size() + 1, kMost));
+  const auto block = std::make_unique_for_overwrite<char[]>(length);
+  while (const std::size_t size = Read(block.get(), length)) use({block.get(), size});
 }
 
 std::uint64_t InputFile::Size() const {
