@@ -8,10 +8,6 @@
 
 inline constexpr const char* kFullRing = "1a 2b 3c 4d 5e 6f 7g 8h 9i 10j";
 
-// Hundreds of runs, which need not wait for a disk.
-inline const std::string kMemory =
-    std::filesystem::exists("/dev/shm") ? "/dev/shm" : ::testing::TempDir();
-
 inline void PutRing(const TestFolder& data, const std::string& ring) {
   namespace fs = std::filesystem;
   std::istringstream words(ring);

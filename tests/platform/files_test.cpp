@@ -75,25 +75,6 @@ TEST(ByteFile, RefusesWhatIsNoFile) {
   EXPECT_EQ(folder.Get("file"), "text");
 }
 
-TEST(ByteFile, MovesAndReadsBack) {
-  const TestFolder folder;
-  OutputFile first(folder / "one");
-  OutputFile second(folder / "two");
-  first.Write("1");
-  second = std::move(first);
-  second.Write("2");
-  second.Close();
-  EXPECT_EQ(ReadAll(folder / "one"), "12");
-  InputFile input(folder / "one");
-  InputFile moved(std::move(input));
-  char bytes[3];
-  EXPECT_EQ(moved.Read(bytes, 3), 2u);
-  EXPECT_EQ(moved.Read(bytes, 3), 0u);
-  moved.Rewind();
-  EXPECT_EQ(moved.Read(bytes, 1), 1u);
-  EXPECT_EQ(fs::status(folder.Path / "one").permissions(), fs::perms(0600));
-}
-
 TEST(WorkFile, IsReadAsItWasWrittenAndHasNoName) {
   // The second time on a file system that knows no nameless files.
   for (const int error : {0, EOPNOTSUPP}) {

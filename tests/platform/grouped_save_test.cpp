@@ -13,7 +13,6 @@ namespace fs = std::filesystem;
 
 constexpr int kKilled = 99;
 const std::string kOld(5000, 'o'), kNew(9000, 'n');
-const std::string kMemory = fs::exists("/dev/shm") ? "/dev/shm" : ::testing::TempDir();
 
 // The targets of a group: in a folder with one of each kind.
 const char* const kTargets[] = {"plain", "link", "linked", "made", "busy"};

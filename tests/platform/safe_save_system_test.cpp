@@ -1,12 +1,10 @@
-// Saving against the real system: other users, access lists, mount points, full disks.
+// Saving against the real system: other users, access lists, limits.
 
 #include <chrono>
 #include <cstdint>
 #include <fcntl.h>
 #include <grp.h>
-#include <sched.h>
 #include <sys/file.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -46,7 +44,7 @@ int AsSomebody(const std::function<void()>& action) {
 class AsRoot : public ::testing::Test {
  protected:
   void SetUp() override {
-    if (geteuid() != 0) GTEST_SKIP() << "needs root to become somebody else or to mount";
+    if (geteuid() != 0) GTEST_SKIP() << "needs root to become somebody else";
     ASSERT_EQ(chmod(folder.Path.c_str(), 0755), 0);
   }
   // A file of somebody else, and the mode and owner of the folder.
@@ -61,15 +59,6 @@ class AsRoot : public ::testing::Test {
   }
   TestFolder folder;
 };
-
-TEST(SafeSave, NewFilesGetTheUsualMode) {
-  const TestFolder folder;
-  const mode_t before = umask(027);
-  Save(folder / "new", "text");
-  umask(before);
-  EXPECT_EQ(StatusOf(folder.Path / "new").st_mode & 07777, 0640u);
-  EXPECT_EQ(folder.Names(), std::set<std::string>{"new"});
-}
 
 TEST(SafeSave, LinksStayLinks) {
   const TestFolder folder;
@@ -99,33 +88,26 @@ TEST(SafeSave, RefusesWhatIsNoFile) {
   EXPECT_EQ(folder.Names(), std::set<std::string>{"pipe"});
 }
 
-TEST(SafeSave, AProducerThatFailsChangesNothing) {
+TEST(SafeSave, AnyNameOfAnyLengthAndNothingOfAProducerThatFails) {
   const TestFolder folder;
-  for (const bool linked : {false, true}) {
-    folder.Put("name", "old text");
-    if (linked) fs::create_hard_link(folder.Path / "name", folder.Path / "second");
-    const auto names = folder.Names();
-    EXPECT_THROW(SafeSave(folder / "name",
+  folder.Put("name", "a longer old text");
+  const std::string longName(255, 'n');
+  fs::create_hard_link(folder.Path / "name", folder.Path / longName);
+  folder.Put("alone", "a longer old text");
+  const auto names = folder.Names();
+  for (const std::string& name : {std::string("alone"), longName}) {
+    EXPECT_THROW(SafeSave(folder / name,
                           [](const ByteSink& sink) {
                             sink("new");
                             throw std::bad_alloc();
                           }),
                  std::bad_alloc);
-    EXPECT_EQ(folder.Get("name"), "old text");
-    EXPECT_EQ(folder.Names(), names);
+    EXPECT_EQ(folder.Get(name), "a longer old text");
+    Save(folder / name, "new");
+    EXPECT_EQ(folder.Get(name), "new");
   }
-}
-
-TEST(SafeSave, HardLinksShareTheNewContent) {
-  const TestFolder folder;
-  folder.Put("name", "a longer old text");
-  fs::create_hard_link(folder.Path / "name", folder.Path / "second");
-  const std::string longName(255, 'n');
-  fs::create_hard_link(folder.Path / "name", folder.Path / longName);
-  Save(folder / longName, "new");
-  EXPECT_EQ(folder.Get("second"), "new");
-  EXPECT_EQ(StatusOf(folder.Path / "name").st_nlink, 3u);
-  EXPECT_EQ(folder.Names().size(), 3u);
+  EXPECT_EQ(folder.Get("name"), "new");
+  EXPECT_EQ(folder.Names(), names);
 }
 
 TEST(SafeSave, AttributesAndModeStay) {
@@ -184,13 +166,6 @@ TEST(SafeSave, AccessListsStayAndNoneIsInherited) {
   EXPECT_EQ(listOf("new"), AccessList(4));
 }
 
-TEST_F(AsRoot, TheOwnerStays) {
-  Put("name", kOther, 0640);
-  Save(folder / "name", "new");
-  EXPECT_EQ(StatusOf(folder.Path / "name").st_uid, kOther);
-  EXPECT_EQ(StatusOf(folder.Path / "name").st_mode & 07777, 0640u);
-}
-
 TEST_F(AsRoot, AnOwnerThatCantBeKeptIsRewrittenInPlace) {
   GiveFolder(kSomebody, 0755);
   Put("name", kOther, 0666);
@@ -233,53 +208,6 @@ TEST_F(AsRoot, AFileThatMayNotBeWrittenStays) {
   EXPECT_EQ(folder.Names(), (std::set<std::string>{"foreign", "readonly"}));
 }
 
-// Mounts that only the child sees, gone with it. 77 where mounting is not allowed.
-int WithMounts(const std::function<void()>& action) {
-  return InChild([&] {
-    if (unshare(CLONE_NEWNS) < 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) < 0)
-      _exit(77);
-    action();
-  });
-}
-
-TEST_F(AsRoot, AMountPointIsRewrittenInPlace) {
-  folder.Put("source", "old");
-  folder.Put("name", "");
-  const int status = WithMounts([&] {
-    ASSERT_EQ(mount((folder.Path / "source").c_str(), (folder.Path / "name").c_str(), nullptr,
-                    MS_BIND, nullptr),
-              0);
-    Save(folder / "name", "new");
-  });
-  if (status == 77) GTEST_SKIP() << "may not mount";
-  EXPECT_EQ(status, 0);
-  EXPECT_EQ(folder.Get("source"), "new");
-  EXPECT_EQ(folder.Names(), (std::set<std::string>{"name", "source"}));
-}
-
-TEST_F(AsRoot, AFullDiskLeavesTheOldContent) {
-  const int status = WithMounts([&] {
-    ASSERT_EQ(mount("none", folder.Path.c_str(), "tmpfs", 0, "size=256k"), 0);
-    const std::string old(100'000, 'o');
-    for (const bool linked : {false, true}) {
-      folder.Put("name", old);
-      if (linked) fs::create_hard_link(folder.Path / "name", folder.Path / "second");
-      const auto names = folder.Names();
-      try {
-        Save(folder / "name", std::string(300'000, 'n'));
-        ADD_FAILURE();
-      } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Code, kDiskFull);
-        EXPECT_NE(std::string(error.what()).find("name: No space left"), std::string::npos);
-      }
-      EXPECT_EQ(folder.Get("name"), old);
-      EXPECT_EQ(folder.Names(), names);
-    }
-  });
-  if (status == 77) GTEST_SKIP() << "may not mount";
-  EXPECT_EQ(status, 0);
-}
-
 // Works for anybody: the kernel writes a part of the new content and refuses the rest.
 TEST(SafeSave, AFileGrownTooLargeKeepsTheOldContent) {
   EXPECT_EQ(InChild([] {
@@ -303,11 +231,13 @@ TEST(SafeSave, ANewFileIsNoMoreReadableThanItsModel) {
   const mode_t before = umask(022);
   const struct {
     int Model, New;
-  } cases[]{{0600, 0600}, {0400, 0600}, {0640, 0640}, {0666, 0644}, {0755, 0644}};
+  } cases[]{{-1, 0644}, {0600, 0600}, {0400, 0600}, {0640, 0640}, {0666, 0644}, {0755, 0644}};
   for (const auto& [model, made] : cases) {
     const TestFolder folder;
-    folder.Put("model", "");
-    fs::permissions(folder.Path / "model", fs::perms(model));
+    if (model >= 0) {
+      folder.Put("model", "");
+      fs::permissions(folder.Path / "model", fs::perms(model));
+    }
     for (const bool open : {false, true}) {
       if (open)
         SafeReplace(
@@ -317,7 +247,7 @@ TEST(SafeSave, ANewFileIsNoMoreReadableThanItsModel) {
             folder / "sink", [](const ByteSink&) {}, folder / "model");
       EXPECT_EQ(StatusOf(folder.Path / (open ? "open" : "sink")).st_mode, S_IFREG | made);
     }
-    if (geteuid() != 0) continue;
+    if (geteuid() != 0 || model < 0) continue;
     ASSERT_EQ(chown((folder.Path / "model").c_str(), 0, kOther), 0);
     SafeSave(
         folder / "other", [](const ByteSink&) {}, folder / "model");

@@ -1,6 +1,8 @@
 #include "platform/system/safe_save.h"
 
 #include <csignal>
+#include <sys/stat.h>
+#include <tuple>
 
 #include "platform/system/files.h"
 #include "platform/system/posix/sys.h"
@@ -56,6 +58,13 @@ const Way kWays[]{
      }},
     {"into an open file", [](const TestFolder& folder) { folder.Put("name", kOld); }, true,
      ReplaceByNew},
+    {"of another owner and mode",
+     [](const TestFolder& folder) {
+       folder.Put("name", kOld);
+       fs::permissions(folder.Path / "name", fs::perms(0604));
+       const uid_t other = geteuid() == 0 ? 65533 : geteuid();
+       EXPECT_EQ(chown((folder.Path / "name").c_str(), other, other), 0);
+     }},
     {"in place from an open file",
      [](const TestFolder& folder) {
        folder.Put("name", kOld);
@@ -93,8 +102,11 @@ std::set<std::string> Contents(const TestFolder& folder) {
   return contents;
 }
 
-// Hundreds of saves, which need not wait for a disk.
-const std::string kMemory = fs::exists("/dev/shm") ? "/dev/shm" : ::testing::TempDir();
+std::tuple<uid_t, gid_t, mode_t> OwnerAndMode(const TestFolder& folder) {
+  struct stat status {};
+  stat((folder.Path / "name").c_str(), &status);
+  return {status.st_uid, status.st_gid, status.st_mode};
+}
 
 class SafeSaveWays : public ::testing::TestWithParam<Way> {
  protected:
@@ -158,6 +170,7 @@ TEST_P(SafeSaveWays, AFailureOfAnyCallLeavesTheOldContent) {
       const TestFolder folder(kMemory);
       GetParam().Prepare(folder);
       const auto names = folder.Names();
+      const auto before = OwnerAndMode(folder);
       bool done = false;
       Hook hook(Busy(folder), call,
                 [&](const char*) { return std::exchange(done, true) ? 0 : error; });
@@ -168,6 +181,7 @@ TEST_P(SafeSaveWays, AFailureOfAnyCallLeavesTheOldContent) {
       EXPECT_TRUE(code == 0 || (code == CodeFromErrno(error) && error != EINTR));
       const bool isNew = code == 0 || hook.Renamed;
       EXPECT_EQ(folder.Get("name"), isNew ? kNew : GetParam().HasOld ? kOld : "");
+      EXPECT_TRUE(!GetParam().HasOld || OwnerAndMode(folder) == before);
       auto expected = names;
       if (isNew) expected.insert("name");
       EXPECT_TRUE(folder.Names() == expected || hook.Struck == "unlink");

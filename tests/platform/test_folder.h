@@ -15,6 +15,10 @@
 #include "text/runtime_error.h"
 #include "text/text.h"
 
+// For tests that save hundreds of times and need not wait for a disk.
+inline const std::string kMemory =
+    std::filesystem::exists("/dev/shm") ? "/dev/shm" : ::testing::TempDir();
+
 class TestFolder {
  public:
   explicit TestFolder(std::string parent = ::testing::TempDir()) {

@@ -1,13 +1,10 @@
 #include "platform/system/text_file.h"
 
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <random>
-#include <sys/stat.h>
 
 #include "platform/system/byte_blocks.h"
-#include "text/runtime_error.h"
+#include "platform/test_folder.h"
+#include "text/encoding.h"
 
 using namespace std::string_literals;
 
@@ -15,29 +12,12 @@ namespace {
 
 class TextFile : public testing::Test {
  protected:
-  TextFile() {
-    // In memory where that can be had: saving waits for the disk each time.
-    const std::filesystem::path memory = "/dev/shm";
-    const std::filesystem::path base =
-        std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
-    std::string name = (base / "text_file_XXXXXX").string();
-    folder_ = mkdtemp(name.data());
-  }
-  ~TextFile() override { std::filesystem::remove_all(folder_); }
-
-  String Path(const char* name = "file") const { return FromUtf8((folder_ / name).string()); }
-  String Put(std::string_view bytes) const {
-    std::ofstream(folder_ / "file", std::ios::binary) << bytes;
+  String Path(const char* name = "file") const { return folder_ / name; }
+  String Put(const std::string& bytes) const {
+    folder_.Put("file", bytes);
     return Path();
   }
-  std::string Get(const char* name = "file") const {
-    std::ifstream file(folder_ / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  std::size_t Files() const {
-    return static_cast<std::size_t>(
-        std::distance(std::filesystem::directory_iterator(folder_), {}));
-  }
+  std::string Get(const char* name = "file") const { return folder_.Get(name); }
 
   // Reading and writing gives the same bytes, and the reader finds the same lines.
   void ExpectIdentity(const std::string& bytes) {
@@ -62,11 +42,16 @@ class TextFile : public testing::Test {
     return testing::PrintToString(bytes.substr(0, 300));
   }
 
- private:
-  std::filesystem::path folder_;
+  const TestFolder folder_{kMemory};
 };
 
-std::string operator""_b(const char* bytes, std::size_t size) { return {bytes, size}; }
+// The parts of a text between bars.
+std::vector<std::string> Parts(const std::string& text) {
+  std::vector<std::string> parts;
+  std::istringstream stream(text);
+  for (std::string part; std::getline(stream, part, '|');) parts.push_back(part);
+  return parts;
+}
 
 TEST_F(TextFile, FindsEncodingAndLineEnds) {
   struct {
@@ -83,11 +68,11 @@ TEST_F(TextFile, FindsEncodingAndLineEnds) {
       {"caf\xC3\xA9\r\n", u"caf\u00E9\r\n", u"UTF-8", u"CR LF"},
       {"caf\xE9\x93.\x81", u"caf\u00E9\u201C.\u0081", u"Windows-1252", u"CR LF"},
       {"\xEF\xBB\xBFx\xE9", u"x\xDCE9", u"UTF-8 with BOM", u"CR LF"},
-      {"\xFF\xFE\x0D\x0A\x0A\x00"_b, u"\u0A0D\r\n", u"UTF-16 LE", u"LF"},
-      {"\xFE\xFF\x00\x0D\x00\x0A\x00\x41\x00"_b, u"\r\nA", u"UTF-16 BE", u"CR LF"},
-      {"\xFF\xFE\x00\xD8\x0D\x00\x0D\x0A"_b, u"\xD800\r\n\u0A0D", u"UTF-16 LE", u"CR"},
+      {"\xFF\xFE\x0D\x0A\x0A\x00"s, u"\u0A0D\r\n", u"UTF-16 LE", u"LF"},
+      {"\xFE\xFF\x00\x0D\x00\x0A\x00\x41\x00"s, u"\r\nA", u"UTF-16 BE", u"CR LF"},
+      {"\xFF\xFE\x00\xD8\x0D\x00\x0D\x0A"s, u"\xD800\r\n\u0A0D", u"UTF-16 LE", u"CR"},
       {"\xED\xA0\x80", u"\u00ED\u00A0\u20AC", u"Windows-1252", u"CR LF"},
-      {"a\0b"_b, u"a\0b"s, u"UTF-8", u"CR LF"},
+      {"a\0b"s, u"a\0b"s, u"UTF-8", u"CR LF"},
   };
   for (const auto& [bytes, text, encoding, ends] : kCases) {
     const LoadedText loaded = ReadTextFile(Put(bytes));
@@ -100,34 +85,12 @@ TEST_F(TextFile, FindsEncodingAndLineEnds) {
 
 // Texts made of what goes wrong: marks, line ends, half and forbidden sequences, of all encodings.
 TEST_F(TextFile, BringsBackAnyBytes) {
-  const std::string kNasty[] = {"\r",
-                                "\n",
-                                "\r\n",
-                                "\n\r",
-                                "\0"_b,
-                                "abc",
-                                "\xC3\xA9",
-                                "\xE2\x82\xAC",
-                                "\xF0\x9F\x98\x80",
-                                "\xEF\xBB\xBF",
-                                "\xFF\xFE",
-                                "\xFE\xFF",
-                                "\xC3",
-                                "\x80",
-                                "\xE2\x82",
-                                "\xF0\x9F\x98",
-                                "\xC0\x80",
-                                "\xED\xA0\x80",
-                                "\xED\xB0\x80",
-                                "\xF4\x90\x80\x80",
-                                "\xEF\xBF\xBF",
-                                "\x0D\x00"_b,
-                                "\x00\x0D"_b,
-                                "\x0A\x00"_b,
-                                "\x00\x0A"_b,
-                                "\x00\xD8"_b,
-                                "\x81\x8D",
-                                std::string(40, 'x')};
+  const std::vector<std::string> kNasty = Parts(
+      "\r|\n|\r\n|\n\r|\0|abc|\xC3\xA9|\xE2\x82\xAC|\xF0\x9F\x98\x80|\xEF\xBB\xBF|\xFF\xFE|"
+      "\xFE\xFF|"
+      "\xC3|\x80|\xE2\x82|\xF0\x9F\x98|\xC0\x80|\xED\xA0\x80|\xED\xB0\x80|\xF4\x90\x80\x80|"
+      "\xEF\xBF\xBF|"
+      "\x0D\x00|\x00\x0D|\x0A\x00|\x00\x0A|\x00\xD8|\x81\x8D|xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"s);
   const std::string kBegin[] = {"", "", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};
   std::mt19937 random(3);
   for (int round = 0; round < 1000; ++round) {
@@ -136,32 +99,25 @@ TEST_F(TextFile, BringsBackAnyBytes) {
     const std::size_t kinds = 1 + random() % 6;
     const std::size_t first = random();
     for (std::size_t count = random() % 30; count > 0; --count)
-      bytes += kNasty[(first + (random() % kinds) * 7) % std::size(kNasty)];
+      bytes += kNasty[(first + (random() % kinds) * 7) % kNasty.size()];
     if (random() % 4 == 0) bytes += static_cast<char>(random());
     ASSERT_NO_FATAL_FAILURE(ExpectIdentity(bytes));
   }
 }
 
 TEST_F(TextFile, BringsBackWhatLiesAcrossABlock) {
-  const std::string kAcross[] = {"\r\n",
-                                 "\r",
-                                 "\n",
-                                 "\r\r\n",
-                                 "\xF0\x9F\x98\x80",
-                                 "\xE2\x82\xAC\r",
-                                 "\xE9",
-                                 "\x80\x80\x80\x80\x80",
-                                 "\x0D\x00\x0A\x00"_b};
-  for (const std::string begin : {"", "\xEF\xBB\xBF", "\xFF\xFE"}) {
-    for (const std::string& across : kAcross) {
-      for (std::size_t before = 0; before < 5; ++before) {
-        std::string bytes = begin;
-        bytes.resize(kBlockSize - before, 'x');
-        ASSERT_NO_FATAL_FAILURE(ExpectIdentity(bytes + across));
-        ASSERT_NO_FATAL_FAILURE(ExpectIdentity(bytes + across + std::string(kBlockSize, 'y')));
-      }
-    }
-  }
+  const std::vector<std::string> kAcross = Parts(
+      "\r\n|\r|\n|\r\r\n|\xF0\x9F\x98\x80|\xE2\x82\xAC\r|\xE9|\x80\x80\x80\x80\x80|\x0D\x00\x0A\x00"s);
+  // What is read at a time, and what is written.
+  for (const std::size_t block : {kBlockSize, kBlockSize / kMaxCharacterBytes})
+    for (const std::string begin : {"", "\xEF\xBB\xBF", "\xFF\xFE"})
+      for (const std::string& across : kAcross)
+        for (std::size_t before = 0; before < 5; ++before) {
+          std::string bytes = begin;
+          bytes.resize(block - before, 'x');
+          ASSERT_NO_FATAL_FAILURE(ExpectIdentity(bytes + across));
+          ASSERT_NO_FATAL_FAILURE(ExpectIdentity(bytes + across + std::string(kBlockSize, 'y')));
+        }
 }
 
 // Whatever format is wanted, what is written is read as the same text.
@@ -200,8 +156,8 @@ TEST_F(TextFile, WriterKeepsTheFormatOfTheFile) {
       {"a\rb\r\nc\nd", "A\r\nB\r\nC\nD\r\n"},
       {"\xEF\xBB\xBF\xC3\xA9", "\xEF\xBB\xBF\xC3\x89\r\n"},
       {"\xE9 \xB5\x83\n", "\xC9 \xB5\x83\n"},
-      {"\xFF\xFE\x61\x00\x0A\x00\x7F"_b, "\xFF\xFE\x41\x00\x0A\x00\x7F"_b},
-      {"\xFE\xFF\x00\x61\x00\x0D"_b, "\xFE\xFF\x00\x41\x00\x0D\x00\x0A"_b},
+      {"\xFF\xFE\x61\x00\x0A\x00\x7F"s, "\xFF\xFE\x41\x00\x0A\x00\x7F"s},
+      {"\xFE\xFF\x00\x61\x00\x0D"s, "\xFE\xFF\x00\x41\x00\x0D\x00\x0A"s},
       {"", ""},
   };
   for (const auto& [bytes, copy] : kCases) {
@@ -239,17 +195,18 @@ TEST_F(TextFile, WriterChangesTheEncodingOfTheWholeFile) {
     writer.Print(u"café\n!");
     expected += u"café\n!\r\n";
   }
-  writer.Print(u"Ж");
-  writer.Print(u"\xD800");
+  for (const StringView line : {u"Ж", u"\xD800"}) {
+    writer.Print(line);
+    expected.append(line).append(kCrLf);
+  }
   writer.Close();
-  const LoadedText written = ReadTextFile(Path("out"));
-  EXPECT_TRUE(written.Text == expected + u"Ж\r\n\xD800\r\n");
-  EXPECT_EQ(EncodingName(written.Format), u"UTF-16 LE");
-  EXPECT_EQ(Files(), 2u);
-
-  struct stat status;
-  ASSERT_EQ(stat(ToUtf8(Path("out")).c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777u, 0600u);
+  EXPECT_TRUE(ReadTextFile(Path("out")).Text == expected);
+  EXPECT_EQ(EncodingName(writer.Format()), u"UTF-16 LE");
+  TextReader knowing(Path("out"), writer.Format());
+  String lines;
+  while (!knowing.AtEnd()) lines.append(knowing.ReadLine()).append(kCrLf);
+  EXPECT_TRUE(lines == expected);
+  EXPECT_EQ(folder_.Names(), (std::set<std::string>{"file", "out"}));
 }
 
 TEST_F(TextFile, ReaderStopsAtTheEndAndRewinds) {
@@ -262,12 +219,7 @@ TEST_F(TextFile, ReaderStopsAtTheEndAndRewinds) {
     EXPECT_FALSE(reader.AtEnd());
     EXPECT_EQ(reader.ReadLine(), u"three");
     EXPECT_TRUE(reader.AtEnd());
-    try {
-      reader.ReadLine();
-      ADD_FAILURE();
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.Code, kInputPastEnd);
-    }
+    EXPECT_EQ(CodeOf([&] { reader.ReadLine(); }), kInputPastEnd);
     reader.Rewind();
   }
   EXPECT_THROW(TextReader(Path("none")), RuntimeError);
@@ -296,15 +248,8 @@ TEST_F(TextFile, WorkFilesAreExact) {
 }
 
 TEST_F(TextFile, ADataFileOfAnySizeIsRefusedBeforeItIsRead) {
-  Put("");
-  std::filesystem::resize_file(ToUtf8(Path()), std::uintmax_t{1} << 40);
-  try {
-    ReadDataFile(Path());
-    FAIL();
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Code, kOutOfMemory);
-    EXPECT_NE(std::string(error.what()).find("too large"), std::string::npos);
-  }
+  std::filesystem::resize_file(ToUtf8(Put("")), std::uintmax_t{1} << 40);
+  EXPECT_EQ(CodeOf([&] { ReadDataFile(Path()); }), kOutOfMemory);
 }
 
 TEST_F(TextFile, DataFilesKeepTheirLines) {

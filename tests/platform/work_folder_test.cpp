@@ -79,6 +79,29 @@ TEST(WorkFolder, AFileSystemWithoutLocksKeepsNobodyOut) {
   }
 }
 
+TEST(WorkFolder, AFailingCallIsToldOrOvercome) {
+  int call = 0;
+  for (int calls = 0; calls >= call;) {
+    ++call;
+    const TestFolder folder;
+    const Folder second(folder / "");
+    calls = 0;
+    sys::OnCall = [&](const char*) { return ++calls == call ? EIO : 0; };
+    try {
+      const Folder first(folder / "");
+      const DataLock lock = first.Lock();
+      sys::OnCall = nullptr;
+      EXPECT_TRUE(FolderExists(first.Path()));
+      EXPECT_EQ(CodeOf([&] { second.WhileLocked([] {}); }), kPermissionDenied) << call;
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Code, kDeviceIoError);
+    }
+    sys::OnCall = nullptr;
+    EXPECT_EQ(folder.Names().size(), 1u) << call;
+  }
+  EXPECT_GT(call, 8);
+}
+
 TEST(WorkFolder, WhatDeadProcessesLeftGoesAndNothingElse) {
   const TestFolder folder;
   EXPECT_EQ(InChild([&] {

@@ -29,10 +29,8 @@ sys::Descriptor OpenLocked(const String& path, int flags) {
     errno = EINVAL;
     return {};
   }
-  if (sys::Lock(lock.Get()) < 0) return {};
-  if (sys::StatLink(path, named) == 0 && locked.st_dev == named.st_dev &&
-      locked.st_ino == named.st_ino)
-    return lock;
+  if (sys::Lock(lock.Get()) < 0 || sys::StatLink(path, named) < 0) return {};
+  if (locked.st_dev == named.st_dev && locked.st_ino == named.st_ino) return lock;
   errno = ENOENT;
   return {};
 }
