@@ -128,11 +128,22 @@ TEST(GroupedSave, AFailureOrAnEndAtAnyCallLosesNothing) {
   }
 }
 
+TEST(GroupedSave, AFlushThatFailsIsTold) {
+  const TestFolder folder;
+  GroupedSave group;
+  group.Content(group.Add(folder / "new")).Write(kNew);
+  sys::OnCall = [](const char* call) { return call == std::string("syncfs") ? EIO : 0; };
+  EXPECT_EQ(CodeOf([&] { group.Flush(); }), kDeviceIoError);
+  sys::OnCall = nullptr;
+  EXPECT_EQ(CodeOf([&] { group.Commit(0); }), kInvalidCall);
+}
+
 TEST(GroupedSave, LeavesWhatIsDroppedOrChangedAndNeverFollowsABackupsName) {
   const TestFolder folder;
   Prepare(folder);
   folder.Put("replaced", kOld);
   fs::create_symlink("nowhere", folder.Path / "backups/taken");
+  const std::string other(kOld.size(), 'p');
   {
     GroupedSave group;
     std::vector<std::size_t> numbers;
@@ -143,16 +154,21 @@ TEST(GroupedSave, LeavesWhatIsDroppedOrChangedAndNeverFollowsABackupsName) {
       EXPECT_TRUE(group.BackUp(numbers.back(), folder / ("backups/" + target)));
       EXPECT_EQ(CodeOf([&] { group.Commit(numbers.back()); }), kInvalidCall) << "not flushed";
     }
+    // What shows when the first file is closed is of that file alone.
+    sys::OnCall = [failed = false](const char* call) mutable {
+      return call == std::string("dup") && !std::exchange(failed, true) ? EIO : 0;
+    };
     group.Flush();
-    group.Drop(numbers[0]);
-    folder.Put("real", "of another program");
+    sys::OnCall = nullptr;
+    EXPECT_EQ(CodeOf([&] { group.Commit(numbers[0]); }), kDeviceIoError);
+    folder.Put("real", other);
     EXPECT_EQ(CodeOf([&] { group.Commit(numbers[1]); }), kPathFileAccess);
     folder.Put("new", "of another program");
     fs::rename(folder.Path / "new", folder.Path / "replaced");
     EXPECT_EQ(CodeOf([&] { group.Commit(numbers[3]); }), kPathFileAccess);
   }
   EXPECT_EQ(folder.Get("plain"), kOld);
-  EXPECT_EQ(folder.Get("real"), "of another program");
+  EXPECT_EQ(folder.Get("real"), other);
   EXPECT_EQ(folder.Get("busy"), kOld);
   EXPECT_EQ(folder.Get("replaced"), "of another program");
   EXPECT_EQ(folder.Get("backups/replaced"), kOld);

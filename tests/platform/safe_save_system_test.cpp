@@ -294,6 +294,7 @@ TEST(SafeSave, LeftoversAreRemovedOrNamed) {
             {".wordflurn-1" + kDigits.substr(1), "", Fate::Goes},
             {".wordflurn-2" + kDigits.substr(1), "next", Fate::IsNamed},
             {".wordflurn-3" + kDigits.substr(1), "longer", Fate::IsNamed},
+            {".wordflurn-b" + kDigits.substr(1), "te", Fate::IsNamed},
             {".wordflurn-" + kDigits + "4", "text", Fate::Stays},
             {".wordflurn-of mine 0123456", "text", Fate::Stays},
             {"name.old-5" + kDigits.substr(1), "text", Fate::Goes},
@@ -310,7 +311,7 @@ TEST(SafeSave, LeftoversAreRemovedOrNamed) {
     }
   }
   // Of a running program.
-  const int used = open((folder.Path / cases[10].Name).c_str(), O_RDONLY);
+  const int used = open((folder.Path / cases[11].Name).c_str(), O_RDONLY);
   ASSERT_EQ(flock(used, LOCK_EX), 0);
   fs::create_symlink("name", folder.Path / (".wordflurn-a" + kDigits.substr(1)));
 

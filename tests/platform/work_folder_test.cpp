@@ -45,9 +45,14 @@ TEST(WorkFolder, OneProcessAtATimeHasTheLock) {
   const auto change = [&] { ++changes; };
   // The second time on a file system that locks no folders.
   for (const int error : {0, EBADF}) {
-    int locks = 0;
-    sys::OnCall = [&](const char* call) {
-      return call == std::string("flock") && ++locks % 2 == 1 ? error : 0;
+    bool isFirst = false, replaced = false;
+    sys::OnCall = [&](const std::string& call) {
+      if (call == "realpath") isFirst = true;
+      if (call != "flock") return 0;
+      if (std::exchange(isFirst, false)) return error;
+      // Removed by somebody after it was opened.
+      if (!std::exchange(replaced, true)) fs::remove(folder.Path / "data/WFLOCK");
+      return 0;
     };
     changes = 0;
     {

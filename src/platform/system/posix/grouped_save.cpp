@@ -107,7 +107,6 @@ bool GroupedSave::BackUp(std::size_t number, const String& backup) {
       entry.Linked = backup;
       return true;
     }
-    if (errno == EEXIST) return false;
   }
   return CopyToNewName(entry.File.Target(), backup);
 }
