@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/utf8.h"
+
 namespace {
 
 constexpr int kLinesTested = 4;
@@ -13,8 +15,10 @@ bool IsRefused(char16_t c) {
   return c == kBackspace || (c > 127 && kAccepted.find(c) == StringView::npos);
 }
 
-bool IsControl(char16_t c) {
-  return (c < u' ' && c != u'\t' && c != kCr && c != kLf) || (c >= 0x7F && c < 0xA0);
+// A control character, or a byte that is no part of the text.
+bool IsNoText(char16_t c) {
+  return IsStrayByte(c) || (c < u' ' && c != u'\t' && c != kCr && c != kLf) ||
+         (c >= 0x7F && c < 0xA0);
 }
 
 template <class Test>
@@ -35,5 +39,5 @@ bool LooksLikeAscii(TextReader& reader) { return NoneOfTheLines(reader, kLinesTe
 bool IsUnicodeText(TextReader& reader) {
   const TextFormat& format = reader.Format();
   if (format.Encoding == Encoding::Windows1252) return false;
-  return NoneOfTheLines(reader, -1, IsControl);
+  return NoneOfTheLines(reader, -1, IsNoText);
 }

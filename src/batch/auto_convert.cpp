@@ -52,10 +52,11 @@ class BatchRunner {
   BatchEnd Run();
 
  private:
-  bool Prepare();
+  // Where the run ends before its first file.
+  std::optional<BatchEnd> Prepare();
   BatchEnd Work();
   BatchEnd EndOf(bool cancelled);
-  void NotBegun();
+  BatchEnd CancelledBeforeAnyFile();
 
   Pending Identify(std::size_t row) const;
   void Begin(Pending& file);
@@ -92,31 +93,34 @@ class BatchRunner {
   std::unordered_set<String> groupKeys_;
   // What the run writes, and the file of the list that it comes from, behind all links.
   std::unordered_map<String, String> written_;
+  // What it has made under a prefix or in a location, which stays there.
+  std::unordered_set<String> unrecorded_;
   bool cancelled_ = false;
 };
 
-void BatchRunner::NotBegun() {
+BatchEnd BatchRunner::CancelledBeforeAnyFile() {
   tools_.Context.Messages.Notice(u"Canceled before any files were flurned.");
+  return BatchEnd::Cancelled;
 }
 
-// The backup folder and the head of the history. False where no run begins.
-bool BatchRunner::Prepare() {
+// The backup folder and the head of the history.
+std::optional<BatchEnd> BatchRunner::Prepare() {
   progress_.Status(u"Backing up files.");
-  if (progress_.Cancelled()) return NotBegun(), false;
+  if (progress_.Cancelled()) return CancelledBeforeAnyFile();
   try {
     const RunHead head = MakeRunHead(std::time(nullptr), order_.Name);
     const auto folder =
         windows_.Ring.Prepare({.Pause = [this](int milliseconds) { progress_.Pause(milliseconds); },
                                .Cancelled = [this] { return progress_.Cancelled(); }});
-    if (!folder) return NotBegun(), false;
+    if (!folder) return CancelledBeforeAnyFile();
     backups_.emplace(*folder, head);
     state_.Run = {0, *folder, FileKey(*folder), head, RunLabel(head)};
-    return true;
+    return {};
   } catch (const RuntimeError& error) {
     String text(kRingFailed);
     text.append(kCrLf).append(kCrLf).append(FromUtf8(error.what()));
     tools_.Context.Messages.Notice(text);
-    return false;
+    return BatchEnd::NotBegun;
   }
 }
 
@@ -125,7 +129,7 @@ BatchEnd BatchRunner::Run() {
   state_.ClearFailedFiles();
   windows_.ASCIIWarn.BeginRun();
   progress_.Begin();
-  if (!Prepare()) return progress_.End(), BatchEnd::NotBegun;
+  if (const auto end = Prepare()) return progress_.End(), *end;
   return Work();
 }
 
@@ -144,17 +148,19 @@ BatchEnd BatchRunner::Work() {
 }
 
 BatchEnd BatchRunner::EndOf(bool cancelled) {
+  BatchEnd end = cancelled ? BatchEnd::Cancelled : BatchEnd::Done;
   try {
     // The names of the last group.
     save_.Flush();
     backups_->Close();
-  } catch (const RuntimeError& error) {
+  } catch (const std::exception& error) {
+    if (!cancelled) end = BatchEnd::Unsure;
     tools_.Context.Messages.Notice(FromUtf8(error.what()));
   }
   progress_.End();
   if (cancelled) windows_.MFFCancel.ShowModal();
   if (state_.FailedFileCount() > 0) windows_.MultiErrors.ShowModal();
-  return cancelled ? BatchEnd::Cancelled : BatchEnd::Done;
+  return end;
 }
 
 Pending BatchRunner::Identify(std::size_t row) const {
@@ -174,23 +180,29 @@ Pending BatchRunner::Identify(std::size_t row) const {
 void BatchRunner::Begin(Pending& file) {
   if (file.Failure) return;
   std::vector<BatchResult> results;
-  bool mayBeBackedUp = false;
+  std::optional<FileStamp> before;
   const auto fail = [&](const std::exception& error) {
     if (file.Failure) return;
-    file.Failure = FailureOf(error, file.File, passes_.CheckingRunProgram());
+    file.Failure = FailureOf(error, passes_.Source(), passes_.CheckingRunProgram());
   };
   try {
     progress_.Status(u"Working on file: " + passes_.FirstTarget(file.File));
     passes_.Test(file.File, file.Resolved);
     TestNotWritten(file.File, file.Resolved, file.Resolved);
-    mayBeBackedUp = true;
+    before = StampOf(file.File);
     passes_.AskAboutText(file.File, windows_.ASCIIWarn);
     passes_.Run(file.File, results);
   } catch (const std::exception& error) {
     fail(error);
   }
   try {
-    if (mayBeBackedUp) Stage(file, results);
+    if (before && StampOf(file.File) != before) {
+      results.clear();
+      if (!file.Failure)
+        throw RuntimeError(kPathFileAccess,
+                           ToUtf8(file.File) + ": another program has changed the file meanwhile");
+    }
+    if (before) Stage(file, results);
   } catch (const std::exception& error) {
     Drop(file);
     fail(error);
@@ -236,8 +248,11 @@ void BatchRunner::StageTarget(Pending& file, BatchResult& result) {
   if (result.Path == file.File) {
     backups_->BackUp(result.Path, backUp);
     file.IsBackedUp = true;
-  } else if (result.Renamed || StampOf(result.Path)) {
-    backups_->RecordTarget(result.Path, backUp);
+  } else if (const String resolved = ResolvedPath(result.Path); !unrecorded_.contains(resolved)) {
+    if (result.Renamed || StampOf(resolved))
+      backups_->RecordTarget(result.Path, backUp);
+    else
+      unrecorded_.insert(resolved);
   }
 }
 
@@ -308,7 +323,7 @@ void BatchRunner::Commit(Pending& file) {
 
 void BatchRunner::Report(const Pending& file) {
   progress_.Status(file.Failure->StatusText);
-  state_.NoteFailedFile(order_.Files[file.Row], file.File, file.Failure->LogText);
+  state_.NoteFailedFile(order_.Files[file.Row], file.Failure->File, file.Failure->LogText);
 }
 
 BatchEnd BatchRunner::Abort(const Pending& failed) {

@@ -20,8 +20,9 @@ struct BatchTools {
 
 enum class BatchEnd {
   Done,
+  Unsure,     // done, but nobody can know whether all of it is on the disk
   Cancelled,  // what was flurned stays
-  NotBegun,   // cancelled, or the backup folders can't be used: no file was touched
+  NotBegun,   // the backup folders can't be used: no file was touched
   Aborted,    // taken back, as far as the messages tell nothing else
 };
 

@@ -1,6 +1,7 @@
 #include "batch/batch_passes.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "batch/ascii_test.h"
 #include "batch/new_names.h"
@@ -56,13 +57,19 @@ class BatchPasses::Names {
 BatchPasses::BatchPasses(const ToolContext& context, CustomToolRunner& runner,
                          const BatchOrder& order, const std::map<int, String>& customToolNames)
     : context_(context), runner_(runner), order_(order) {
+  std::map<const SettingKind*, ToolSettings> given;
   for (std::size_t i = 0; i < kPasses; ++i) {
     const BatchPass& wanted = order.Passes[i];
     Pass& pass = passes_[i];
     pass.Single = FindTool(wanted.Tool);
     if (pass.Single != nullptr) {
-      pass.Settings =
-          wanted.Settings ? *wanted.Settings : SettingsInWindow(*pass.Single, context_.Tools);
+      // Settings once given stand in the window for the passes behind.
+      if (const SettingKind* kind = pass.Single->Settings) {
+        if (wanted.Settings) given.insert_or_assign(kind, *wanted.Settings);
+        const auto known = given.find(kind);
+        pass.Settings =
+            known != given.end() ? known->second : kind->Form(context_.Tools).Settings();
+      }
     } else if (wanted.Tool.starts_with(kCustomToolPrefix)) {
       const String name = wanted.Tool.substr(kCustomToolPrefix.size());
       const int number = NumberOf(name, customToolNames);
@@ -80,16 +87,25 @@ BatchPasses::BatchPasses(const ToolContext& context, CustomToolRunner& runner,
   ownFolder_ = ResolvedPath(JoinPath(fields.AppFolder, u"MFF-Backups")) + kPathSeparator;
 }
 
-void BatchPasses::Test(const String& file, const String& resolved) const {
+void BatchPasses::TestNotOwn(const String& path, const String& resolved) const {
+  if (ownFiles_.contains(resolved) || resolved.starts_with(ownFolder_))
+    throw RuntimeError(kPermissionDenied, ToUtf8(path) + ": one of the program's own files");
+}
+
+void BatchPasses::Test(const String& file, const String& resolved) {
+  file_ = source_ = file;
+  checkingRunProgram_ = false;
   InputFile input(file);
   if (input.Size() == 0) throw RuntimeError(kInputPastEnd, ToUtf8(file) + ": the file is empty");
   if (HoldsEncryptionMarker(input))
     throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
-  if (ownFiles_.contains(resolved) || resolved.starts_with(ownFolder_))
-    throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": one of the program's own files");
-  const bool writesIt = order_.SaveToLocation.empty() && order_.AddPrefix.empty();
-  if (writesIt && IsReadOnly(file))
-    throw RuntimeError(kPermissionDenied, ToUtf8(file) + ": the file is read-only");
+  TestNotOwn(file, resolved);
+  if (WritesInPlace()) TestMayBeWritten(file);
+}
+
+void BatchPasses::TestMayBeWritten(const String& path) const {
+  if (StampOf(path) && IsReadOnly(path))
+    throw RuntimeError(kPermissionDenied, ToUtf8(path) + ": the file is read-only");
 }
 
 void BatchPasses::AskAboutText(const String& file, ASCIIWarn& warn) const {
@@ -106,19 +122,33 @@ String BatchPasses::FirstTarget(const String& file) const {
   return names.Current;
 }
 
-void BatchPasses::RunPass(Pass& pass, FileRun& run, Names& names) {
+void BatchPasses::RunPass(Pass& pass, FileRun& run, Names& names,
+                          std::vector<BatchResult>& results) {
   context_.File = &run;
   if (pass.Custom) {
-    pass.Custom->RenameToTxt = [&names] { names.RenameTo(u".txt"); };
-    pass.Custom->RenameToHtml = [&names] { names.RenameTo(u".html"); };
+    const auto rename = [&, before = run.ResultCount()](StringView extension) {
+      // What the steps in front have made stays under the name so far.
+      const bool anyInFront = run.ResultCount() > before + 1;
+      if (anyInFront) Put(results, {names.Current, names.Renamed, run.Source()});
+      names.RenameTo(extension);
+    };
+    pass.Custom->RenameToTxt = [&rename] { rename(u".txt"); };
+    pass.Custom->RenameToHtml = [&rename] { rename(u".html"); };
     runner_.RunOnFile(context_, *pass.Custom);
     return;
   }
   pass.Single->Run(context_, pass.Settings);
   if (pass.Single->StoredName == kFromHtml) names.RenameTo(u".txt");
   if (pass.Single->StoredName == kToHtml) names.RenameTo(u".html");
-  if (!run.HasResult())
-    throw RuntimeError(kFileNotFound, ToUtf8(run.Path()) + ": the tool has made no result");
+}
+
+void BatchPasses::Put(std::vector<BatchResult>& results, BatchResult result) const {
+  // The file itself has been tested.
+  const bool isFile = result.Path == file_;
+  if (!isFile) TestNotOwn(result.Path, ResolvedPath(result.Path));
+  if (!isFile || !WritesInPlace()) TestMayBeWritten(result.Path);
+  std::erase_if(results, [&](const BatchResult& old) { return old.Path == result.Path; });
+  results.push_back(std::move(result));
 }
 
 void BatchPasses::Run(const String& file, std::vector<BatchResult>& results) {
@@ -132,18 +162,24 @@ void BatchPasses::Run(const String& file, std::vector<BatchResult>& results) {
     names.BeginPass(i);
     Pass& pass = passes_[i];
     if (!pass.Single && !pass.Custom) continue;
-    if (run && read == names.Source())
+    source_ = names.Source();
+    if (run && read == source_)
       run->Next();
     else
       run.emplace(file, context_.Fields.WorkFolder);
+    const int before = run->ResultCount();
+    std::exception_ptr failure;
     try {
-      RunPass(pass, *run, names);
+      RunPass(pass, *run, names, results);
+      if (run->ResultCount() == before)
+        throw RuntimeError(kFileNotFound, ToUtf8(source_) + ": the tools have made no result");
     } catch (...) {
+      failure = std::current_exception();
       checkingRunProgram_ = run->CheckingRunProgram;
-      throw;
     }
     read = names.Current;
-    std::erase_if(results, [&](const BatchResult& old) { return old.Path == read; });
-    results.push_back({read, names.Renamed, run->Result()});
+    // The steps in front of one that fails have done their work.
+    if (run->ResultCount() > before) Put(results, {read, names.Renamed, run->Result()});
+    if (failure) std::rethrow_exception(failure);
   }
 }

@@ -65,8 +65,11 @@ String CauseOf(const std::exception& error, const String& file) {
 }  // namespace
 
 BatchFailure FailureOf(const std::exception& error, const String& file, bool checkingRunProgram) {
-  BatchFailure failure{
-      .Code = CodeFromException(error), .LogText = {}, .AbortText = {}, .StatusText = {}};
+  BatchFailure failure{.Code = CodeFromException(error),
+                       .File = file,
+                       .LogText = {},
+                       .AbortText = {},
+                       .StatusText = {}};
   failure.StatusText =
       failure.Code == kNonAsciiRefused
           ? u"Skipping file: " + file + String(kCrLf) + u"File appears to be non-ASCII."

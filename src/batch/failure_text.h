@@ -7,6 +7,8 @@
 
 struct BatchFailure {
   int Code = 0;
+  // What was worked on, a new name perhaps.
+  String File;
   // In the report behind the file's name.
   String LogText;
   // The run ends and is taken back, after this message; empty where it goes on.
@@ -17,6 +19,6 @@ struct BatchFailure {
   bool Aborts() const { return !AbortText.empty(); }
 };
 
-// file: the path that was worked on. checkingRunProgram: the failure is one of the program that a
+// checkingRunProgram: the failure is one of the program that a
 // step names.
 BatchFailure FailureOf(const std::exception& error, const String& file, bool checkingRunProgram);

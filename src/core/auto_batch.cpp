@@ -31,17 +31,13 @@ FileList FilesOfFolder(const String& folder) {
 }
 
 FileList FilesOf(StringView line) {
-  const String list = FileArgument(line);
-  const bool wholeFolder = HasSwitch(line, Word::UseAll);
-  if (!list.empty()) {
-    try {
-      return ReadListFile(list);
-    } catch (const RuntimeError&) {
-      // The folder, if there is one.
-    }
+  // A list beside the folder is not looked at.
+  if (HasSwitch(line, Word::UseAll)) return FilesOfFolder(SwitchValue(line, Word::UseAll));
+  try {
+    return ReadListFile(FileArgument(line));
+  } catch (const RuntimeError&) {
+    Refuse(u"The file containing the files to flurn (.WFF) does not exist or cannot be opened.");
   }
-  if (wholeFolder) return FilesOfFolder(SwitchValue(line, Word::UseAll));
-  Refuse(u"The file containing the files to flurn (.WFF) does not exist or cannot be opened.");
 }
 
 void TestWritable(const String& folder) {
@@ -73,7 +69,7 @@ BatchOrder ReadOrder(Session& session, const JoinedLine& given) {
 
 int StatusOf(BatchEnd end, bool anyFailed) {
   if (end == BatchEnd::NotBegun || end == BatchEnd::Aborted) return 1;
-  return end == BatchEnd::Cancelled || anyFailed ? 2 : 0;
+  return end != BatchEnd::Done || anyFailed ? 2 : 0;
 }
 
 }  // namespace

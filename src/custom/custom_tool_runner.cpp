@@ -93,8 +93,7 @@ void CustomToolRunner::RunOnFile(ToolContext& context, CustomToolPass& pass) {
     if (step.Name == kToHtml && pass.RenameToHtml) pass.RenameToHtml();
   }
   if (!run.HasResult()) {
-    throw RuntimeError(kFileNotFound,
-                       ToUtf8(run.Path()) + ": no step of the custom tool has made a result");
+    throw RuntimeError(kFileNotFound, ToUtf8(run.Path()) + ": the tools have made no result");
   }
 }
 

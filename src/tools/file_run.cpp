@@ -20,6 +20,7 @@ void FileRun::Write(const std::function<void(TextWriter&)>& write) {
   writer.Close();
   resultFormat_ = writer.Format();
   hasResult_ = true;
+  ++resultCount_;
 }
 
 void FileRun::Take(InputFile file) {
@@ -30,6 +31,7 @@ void FileRun::Take(InputFile file) {
   out.Close();
   resultFormat_.reset();
   hasResult_ = true;
+  ++resultCount_;
 }
 
 void FileRun::Next() {

@@ -34,6 +34,8 @@ class FileRun {
 
   // Whether any tool so far has made a result; one that does nothing has not.
   bool HasResult() const { return hasResult_ || source_; }
+  // Results that tools have made so far.
+  int ResultCount() const { return resultCount_; }
   // The bytes of the last result that stands in a file of the run's own.
   InputFile Result() const { return hasResult_ ? result_->Read() : source_->Read(); }
 
@@ -55,4 +57,5 @@ class FileRun {
   // None where another program wrote the result.
   std::optional<TextFormat> resultFormat_;
   bool hasResult_ = false;
+  int resultCount_ = 0;
 };
