@@ -136,8 +136,11 @@ BatchEnd BatchRunner::Run() {
 BatchEnd BatchRunner::Work() {
   for (std::size_t row = 0; row < order_.Files.size(); ++row) {
     Pending file = Identify(row);
-    // The file, or one that it would write, waits in the group.
-    if (groupKeys_.contains(file.Key) && FinishGroup()) return EndOf(true);
+    if (groupKeys_.contains(file.Key)) {
+      // The file, or one that it would write, waits in the group, and is another one afterwards.
+      if (FinishGroup()) return EndOf(true);
+      file = Identify(row);
+    }
     progress_.File(row + 1, order_.Files.size());
     Begin(file);
     if (file.Failure && file.Failure->Aborts()) return Abort(file);
