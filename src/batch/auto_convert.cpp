@@ -57,6 +57,7 @@ class BatchRunner {
   BatchEnd Work();
   BatchEnd EndOf(bool cancelled);
   BatchEnd CancelledBeforeAnyFile();
+  void Tell(StringView notice);
 
   Pending Identify(std::size_t row) const;
   void Begin(Pending& file);
@@ -98,8 +99,13 @@ class BatchRunner {
   bool cancelled_ = false;
 };
 
+void BatchRunner::Tell(StringView notice) {
+  progress_.GiveWay();
+  tools_.Context.Messages.Notice(notice);
+}
+
 BatchEnd BatchRunner::CancelledBeforeAnyFile() {
-  tools_.Context.Messages.Notice(u"Canceled before any files were flurned.");
+  Tell(u"Canceled before any files were flurned.");
   return BatchEnd::Cancelled;
 }
 
@@ -119,7 +125,7 @@ std::optional<BatchEnd> BatchRunner::Prepare() {
   } catch (const RuntimeError& error) {
     String text(kRingFailed);
     text.append(kCrLf).append(kCrLf).append(FromUtf8(error.what()));
-    tools_.Context.Messages.Notice(text);
+    Tell(text);
     return BatchEnd::NotBegun;
   }
 }
@@ -158,7 +164,7 @@ BatchEnd BatchRunner::EndOf(bool cancelled) {
     backups_->Close();
   } catch (const std::exception& error) {
     if (!cancelled) end = BatchEnd::Unsure;
-    tools_.Context.Messages.Notice(FromUtf8(error.what()));
+    Tell(FromUtf8(error.what()));
   }
   progress_.End();
   if (cancelled) windows_.MFFCancel.ShowModal();

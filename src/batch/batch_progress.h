@@ -15,5 +15,7 @@ class BatchProgress {
   // Waits as long as a person needs to read and to click; at once where nobody can. True when the
   // user has cancelled meanwhile.
   virtual bool Pause(int milliseconds) = 0;
+  // Something else is about to be shown.
+  virtual void GiveWay() {}
   virtual void End() {}
 };

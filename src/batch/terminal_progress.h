@@ -17,6 +17,7 @@ class TerminalProgress : public BatchProgress {
   void File(std::size_t file, std::size_t of) override;
   bool Cancelled() override { return interrupt_.Came(); }
   bool Pause(int) override { return Cancelled(); }
+  void GiveWay() override { Clear(); }
   void End() override { Clear(); }
 
  private:

@@ -32,7 +32,8 @@ class CancelledDialog : public CommonDialog {
 void ConsoleWindowSystem::Show(Form&) {}
 
 void ConsoleWindowSystem::RunModal(Form& form) {
-  const String message = form.AnswerUnattended();
+  String message = form.AnswerUnattended();
+  std::erase(message, kCr);
   if (!message.empty()) std::cerr << "wordflurn: " << ToUtf8(message) << std::endl;
   // A form that refuses to go would keep its caller waiting for ever.
   if (form.Visible) form.Hide();
