@@ -1,6 +1,8 @@
 #include "custom/custom_tool_runner.h"
 
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 #include "custom/custom_tool_record.h"
 #include "support/app_fixture.h"
@@ -158,6 +160,8 @@ TEST_F(CustomToolRunnerTest, ChainOnASelection) {
 }
 
 TEST_F(CustomToolRunnerTest, ProgramOfAStepStaysOutOfTheWindow) {
+  // The program needs time of its own, which the clock of the test does not give it.
+  Windows.OnWait = [] { std::this_thread::sleep_for(std::chrono::milliseconds(10)); };
   CustomTool tool = WithSteps({u"Run Program", u"All Upper Case"});
   tool.Steps[0].Settings = RunSettings{u"/bin/true", u"x"};
   StartWith({tool});
