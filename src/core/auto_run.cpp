@@ -8,6 +8,7 @@
 #include "custom/custom_tool_record.h"
 #include "custom/streamed_run.h"
 #include "platform/system/files.h"
+#include "platform/system/safe_save.h"
 #include "state/data_files.h"
 
 namespace {
@@ -132,7 +133,7 @@ std::string RunTool(Session& session, const Task& task) {
 void Save(Session& session, const Task& task, std::string& message) {
   if (task.ToolNumber == 0 && task.OverwritesItsFile()) return;
   try {
-    session.RichTextBox1.SaveFile(task.Target, session.Fields.DocumentFormat);
+    session.RichTextBox1.SaveFile(task.Target, session.Fields.DocumentFormat, task.File);
   } catch (const RuntimeError& error) {
     if (message.empty()) throw;
     throw RuntimeError(error.Code, message + "; not saved: " + error.what());
@@ -147,6 +148,8 @@ int RunAuto(Session& session) {
   const bool isReadOnly = IsReadOnly(task.File);
   if (isReadOnly && task.OverwritesItsFile())
     throw RuntimeError(kPermissionDenied, ToUtf8(task.File) + ": the file is read-only");
+  for (const String& path : LeftoversBeside(task.Target))
+    std::cerr << "wordflurn: " << ToUtf8(path) << ": left by a save that was broken off\n";
   if (task.ToolNumber != 0 && TryStreamed(session, task)) return 0;
   session.Document.OpenNamed(task.File);
   RefuseEncrypted(session, task, isReadOnly);

@@ -56,11 +56,14 @@ bool RunStreamed(ToolContext& context, const CustomTool& custom, const String& f
       if (run.Result().Size() < large) return false;
       run.Next();
     }
-    SafeReplace(target, [&](OutputFile scratch) {
-      run.SendTo(std::move(scratch));
-      steps.back()->Run(onFile, {});
-      if (noneEnds && steps.size() == 1 && !run.Input().LastLineEnded()) throw NoLastLineEnd();
-    });
+    SafeReplace(
+        target,
+        [&](OutputFile scratch) {
+          run.SendTo(std::move(scratch));
+          steps.back()->Run(onFile, {});
+          if (noneEnds && steps.size() == 1 && !run.Input().LastLineEnded()) throw NoLastLineEnd();
+        },
+        file);
     return true;
   } catch (const NoLastLineEnd&) {
     return false;

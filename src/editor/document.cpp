@@ -4,6 +4,7 @@
 
 #include "editor/encryption_marker.h"
 #include "platform/system/files.h"
+#include "platform/system/safe_save.h"
 
 namespace {
 
@@ -178,6 +179,16 @@ void Document::NewNamed(const String& path) {
   host_.DocumentChanged();
 }
 
+void Document::TellLeftovers() {
+  try {
+    String names;
+    for (const String& path : LeftoversBeside(file_.Path)) names += u" " + String(FileNameOf(path));
+    if (!names.empty()) host_.Tell(u"Left beside the file by a save that was broken off:" + names);
+  } catch (const RuntimeError&) {
+    // A folder that can't be read.
+  }
+}
+
 void Document::Load(File file) {
   try {
     fields_.DocumentFormat = editor_.LoadFile(file.Path);
@@ -195,6 +206,7 @@ void Document::Load(File file) {
     SetReadOnlyQuietly(file_.Path, false);
   }
   host_.DocumentChanged();
+  TellLeftovers();
 }
 
 std::optional<Document::File> Document::FileToSaveTo(bool asNew) {
@@ -232,7 +244,8 @@ void Document::Save(File file) {
   const std::shared_ptr<const String> text = editor_.SharedText();
   TextFormat format = FormatThatHolds(*text, fields_.DocumentFormat);
   if (format.BareCrs.empty()) NoteLineEnds(*text, format);
-  editor_.SaveFile(file.Path, format);
+  const bool hasSource = fields_.HasFileName && FileExists(file_.Path);
+  editor_.SaveFile(file.Path, format, hasSource ? file_.Path : String());
   if (format.Encoding != fields_.DocumentFormat.Encoding) {
     host_.Tell(u"Saved as " + EncodingName(format) + u": " + EncodingName(fields_.DocumentFormat) +
                u" cannot hold every character of the text.");
@@ -245,6 +258,7 @@ void Document::Save(File file) {
   fields_.ReadOnlyFile = false;
   editor_.Locked = encrypted_ = HoldsEncryptionMarker(*text);
   host_.DocumentChanged();
+  TellLeftovers();
 }
 
 void Document::CheckSetLock() {

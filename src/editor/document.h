@@ -74,6 +74,8 @@ class Document {
   void Open(File file, const String& relock);
   void OpenOrTell(File file, const String& relock);
   void Load(File file);
+  // Names what saves that were broken off have left beside the file.
+  void TellLeftovers();
   // Empty where the user cancels or a read-only file is to stay what it is.
   std::optional<File> FileToSaveTo(bool asNew);
   void BSaveFile(bool asNew);

@@ -1,6 +1,7 @@
 #include "tools/tool_on_files.h"
 
 #include <iostream>
+#include <unordered_set>
 
 #include "editor/encryption_marker.h"
 #include "platform/console/console_window_system.h"
@@ -20,6 +21,11 @@ void TestPlain(const String& file) {
   InputFile bytes(file);
   if (HoldsEncryptionMarker(bytes))
     throw RuntimeError(kEncryptedFile, ToUtf8(file) + ": the file is encrypted");
+}
+
+void TellLeftovers(const String& file) {
+  for (const String& path : LeftoversBeside(file))
+    std::cerr << "wordflurn: " << ToUtf8(path) << ": left by a save that was broken off\n";
 }
 
 void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
@@ -51,7 +57,10 @@ int RunToolOnFiles(const String& toolName, std::span<const String> files) {
   ToolState tools(windows, messages);
   ToolContext context{fields, *editor, messages, windows, tools};
   int status = 0;
+  std::unordered_set<String> folders;
   for (const String& file : files) {
+    // It reads through the folder.
+    if (folders.insert(FolderOf(file)).second) TellLeftovers(file);
     try {
       RunOnFile(context, *tool, file);
     } catch (const std::exception& error) {

@@ -8,8 +8,9 @@ TextFormat RichTextBox::LoadFile(const String& path) {
   return std::move(loaded.Format);
 }
 
-void RichTextBox::SaveFile(const String& path, const TextFormat& format) const {
-  WriteTextFile(path, *SharedText(), format);
+void RichTextBox::SaveFile(const String& path, const TextFormat& format,
+                           const String& model) const {
+  WriteTextFile(path, *SharedText(), format, model);
 }
 
 std::shared_ptr<const String> RichTextBox::SharedText() const {

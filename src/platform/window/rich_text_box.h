@@ -66,7 +66,7 @@ class RichTextBox : public Control {
   // Puts in the text of a file and returns how the file holds it. RuntimeError, and the text stays.
   TextFormat LoadFile(const String& path);
   // Writes the text; the file keeps what it holds if that fails. RuntimeError.
-  void SaveFile(const String& path, const TextFormat& format) const;
+  void SaveFile(const String& path, const TextFormat& format, const String& model = {}) const;
 
   // The user may not change the text; the program may.
   Property<bool> Locked{false};
