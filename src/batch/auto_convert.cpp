@@ -6,6 +6,7 @@
 #include "batch/batch_passes.h"
 #include "batch/failure_text.h"
 #include "batch/run_backups.h"
+#include "batch/scratch_places.h"
 #include "platform/system/file_copy.h"
 #include "platform/system/files.h"
 #include "platform/system/grouped_save.h"
@@ -87,7 +88,8 @@ class BatchRunner {
   BatchPasses passes_;
 
   std::optional<RunBackups> backups_;
-  GroupedSave save_;
+  std::optional<ScratchPlaces> places_;
+  GroupedSave save_{[this](const String& folder) { places_->Note(folder); }};
   std::vector<Pending> group_;
   std::uint64_t groupBytes_ = 0;
   // Of the files in the group.
@@ -120,6 +122,7 @@ std::optional<BatchEnd> BatchRunner::Prepare() {
                                .Cancelled = [this] { return progress_.Cancelled(); }});
     if (!folder) return CancelledBeforeAnyFile();
     backups_.emplace(*folder, head);
+    places_.emplace(*folder);
     state_.Run = {0, *folder, FileKey(*folder), head, RunLabel(head)};
     return {};
   } catch (const RuntimeError& error) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "batch/history.h"
+#include "batch/scratch_places.h"
 #include "platform/system/file_copy.h"
 #include "platform/system/files.h"
 #include "platform/system/folder_work.h"
@@ -89,6 +90,7 @@ void BackupRing::MakeRunFolder(int number) const {
 }
 
 void BackupRing::FinishRotation(const RingHooks& hooks) {
+  for (int number = kLeaving; number <= kNewest; ++number) RemoveScratchOf(Folder(number));
   if (!HasFolder(kLeaving)) return;
   const int gap = HighestGap();
   if (gap == 0) return;

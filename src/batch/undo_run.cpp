@@ -6,6 +6,7 @@
 #include "batch/backup_name.h"
 #include "batch/history.h"
 #include "batch/left_states.h"
+#include "batch/scratch_places.h"
 #include "platform/system/byte_file.h"
 #include "platform/system/files.h"
 #include "platform/system/folder_work.h"
@@ -254,7 +255,8 @@ class Undo {
   std::vector<Step> steps_;
   std::unordered_map<String, std::size_t> byKey_;
   std::unordered_set<const Step*> failed_;
-  GroupedSave group_;
+  ScratchPlaces places_{folder_};
+  GroupedSave group_{[this](const String& folder) { places_.Note(folder); }};
   // Files whose old content waits to be put in place.
   std::vector<std::pair<Step*, std::size_t>> inGroup_;
   UndoOutcome outcome_;

@@ -21,6 +21,7 @@
 // stay well below the usual limit.
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 
 #include "platform/system/byte_file.h"
@@ -29,7 +30,8 @@
 // of Flush.
 class GroupedSave {
  public:
-  GroupedSave();
+  // onFolder: called with the folder before a scratch file is made in it; a kill leaves that there.
+  explicit GroupedSave(std::function<void(const String& folder)> onFolder = {});
   GroupedSave(const GroupedSave&) = delete;
   GroupedSave& operator=(const GroupedSave&) = delete;
   // Drops what is not committed.
@@ -56,6 +58,9 @@ class GroupedSave {
   void Commit(std::size_t number);
   // Leaves the target as it is. The backup becomes a copy.
   void Drop(std::size_t number);
+
+  // Removes the scratch files in a folder that no running program uses.
+  static void RemoveLeftovers(const String& folder);
 
  private:
   struct State;

@@ -7,6 +7,7 @@
 
 #include "platform/system/file_copy.h"
 #include "platform/system/files.h"
+#include "platform/system/posix/leftovers.h"
 #include "platform/system/posix/replacement.h"
 #include "platform/system/posix/sys.h"
 #include "text/runtime_error.h"
@@ -14,7 +15,8 @@
 namespace {
 
 struct Entry {
-  Entry(const String& target, const String& model) : File(target, model) {}
+  Entry(const String& target, const String& model, const Replacement::OnFolder& onFolder)
+      : File(target, model, kGroupPrefix, onFolder) {}
 
   Replacement File;
   // Of a backup that is the old file itself.
@@ -71,6 +73,7 @@ struct GroupedSave::State {
     LastFolder = path;
   }
 
+  Replacement::OnFolder OnFolder;
   std::vector<std::unique_ptr<Entry>> Entries;
   // Those in front have been flushed, committed or dropped.
   std::size_t FirstOpen = 0;
@@ -78,7 +81,10 @@ struct GroupedSave::State {
   String LastFolder;
 };
 
-GroupedSave::GroupedSave() : state_(std::make_unique<State>()) {}
+GroupedSave::GroupedSave(std::function<void(const String& folder)> onFolder)
+    : state_(std::make_unique<State>()) {
+  state_->OnFolder = std::move(onFolder);
+}
 
 GroupedSave::~GroupedSave() {
   for (std::size_t number = 0; number < state_->Entries.size(); ++number) try {
@@ -89,7 +95,7 @@ GroupedSave::~GroupedSave() {
 }
 
 std::size_t GroupedSave::Add(const String& target, const String& model) {
-  state_->Entries.push_back(std::make_unique<Entry>(target, model));
+  state_->Entries.push_back(std::make_unique<Entry>(target, model, state_->OnFolder));
   return state_->Entries.size() - 1;
 }
 
@@ -155,4 +161,8 @@ void GroupedSave::Drop(std::size_t number) {
   Entry& entry = state_->At(number);
   const std::unique_ptr<Entry> dropped = std::move(state_->Entries[number]);
   PartBackup(entry);
+}
+
+void GroupedSave::RemoveLeftovers(const String& folder) {
+  RemoveScratch(folder, String(kGroupPrefix));
 }

@@ -10,3 +10,7 @@
 // running program has locked, and other users' files, are passed over.
 void SortLeftovers(const String& file, const String& folder, const std::vector<String>& prefixes,
                    std::vector<String>& left);
+
+// Removes the scratch files in a folder whose names begin with a prefix, whatever they hold, but
+// for those that a running program has locked, and other users'.
+void RemoveScratch(const String& folder, const String& prefix);

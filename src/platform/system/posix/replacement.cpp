@@ -29,11 +29,14 @@ String ResolveTarget(const String& path) {
   sys::Throw(path, ELOOP);
 }
 
-Replacement::Replacement(const String& path, const String& model) : target_(ResolveTarget(path)) {
+Replacement::Replacement(const String& path, const String& model, StringView prefix,
+                         const OnFolder& onFolder)
+    : target_(ResolveTarget(path)) {
   const String folder = FolderOf(target_);
+  if (onFolder) onFolder(folder);
   if (sys::Stat(target_, status_) < 0) {
     if (errno != ENOENT) sys::Throw(target_);
-    MakeScratchLike(model, folder);
+    MakeScratchLike(model, folder, prefix);
     byRename_ = true;
     return;
   }
@@ -43,20 +46,20 @@ Replacement::Replacement(const String& path, const String& model) : target_(Reso
       std::make_shared<sys::Descriptor>(sys::OpenRegular(target_, unreadable ? O_WRONLY : O_RDWR));
   sys::Check(fstat(old_->Get(), &status_), target_);
   if (status_.st_nlink != 1) return;
-  if (scratch_.Make(folder, kScratchPrefix, 0600) < 0) {
+  if (scratch_.Make(folder, prefix, 0600) < 0) {
     if (!IsRefusal(errno)) sys::Throw(target_);
     return;
   }
   byRename_ = CarryOwnerAndAttributes(old_->Get(), status_, scratch_.Get());
 }
 
-void Replacement::MakeScratchLike(const String& model, const String& folder) {
+void Replacement::MakeScratchLike(const String& model, const String& folder, StringView prefix) {
   // The system gives this mode the folder's or the user's restrictions.
   mode_t mode = 0666;
   struct stat like, made;
   const bool isModelled = !model.empty() && sys::Stat(model, like) == 0;
   if (isModelled) mode &= like.st_mode | S_IRUSR | S_IWUSR;
-  sys::Check(scratch_.Make(folder, kScratchPrefix, mode), target_);
+  sys::Check(scratch_.Make(folder, prefix, mode), target_);
   if (!isModelled) return;
   // What is for one group is not for another.
   sys::Check(fstat(scratch_.Get(), &made), target_);

@@ -1,6 +1,8 @@
 #pragma once
 // How a file can be given new content.
 
+#include <functional>
+
 #include "platform/system/byte_file.h"
 #include "platform/system/posix/scratch_file.h"
 #include "platform/system/posix/sys.h"
@@ -12,8 +14,13 @@ String ResolveTarget(const String& path);
 // Failures are RuntimeError; the target is then as it was.
 class Replacement {
  public:
-  // Opens what is there, or makes a file that is no more open to others than the model.
-  Replacement(const String& path, const String& model);
+  // Before a scratch file is made in a folder.
+  using OnFolder = std::function<void(const String& folder)>;
+
+  // Opens what is there, or makes a file that is no more open to others than the model. prefix: of
+  // the scratch file.
+  Replacement(const String& path, const String& model, StringView prefix = kScratchPrefix,
+              const OnFolder& onFolder = {});
 
   // To be renamed over the target; else that is rewritten in place.
   bool ByRename() const { return byRename_; }
@@ -38,7 +45,7 @@ class Replacement {
   void Rewrite();
 
  private:
-  void MakeScratchLike(const String& model, const String& folder);
+  void MakeScratchLike(const String& model, const String& folder, StringView prefix);
 
   String target_;
   struct stat status_ = {};

@@ -40,6 +40,8 @@ class ScratchFile {
 // In front of the digits: of new content, and of the copies of a file that is rewritten in place.
 inline constexpr StringView kScratchPrefix = u".wordflurn-";
 String CopyPrefix(const String& path);
+// Of new content that can be made again.
+inline constexpr StringView kGroupPrefix = u".wordflurn-group-";
 inline constexpr std::size_t kScratchDigits = 16;
 
 // A new file for this user alone, for reading and writing, without a name. Null and errno on a
