@@ -19,15 +19,13 @@ constexpr StringView kUndoBroken =
     u"An serious system error occurred that prevents this function from working correctly. The "
     u"undo edit and redo edit options have been disabled.";
 
-// A name on a menu: an "&" of its own is no mnemonic, and it leaves the screen some room.
+// A name on a menu: an "&" of its own is no mnemonic.
 String MenuName(StringView name) {
-  constexpr std::size_t kLongest = 80;
   String caption;
-  for (const char16_t c : name.substr(0, kLongest)) {
+  for (const char16_t c : name) {
     caption += c;
     if (c == u'&') caption += c;
   }
-  if (name.size() > kLongest) caption += u'\u2026';
   return caption;
 }
 
@@ -48,6 +46,7 @@ ChangeCase::ChangeCase(Session& session)
       Messages(session.Messages),
       Tools(session.Tools),
       CustomTools(session.CustomTools),
+      Editors(session.Windows, Messages, Tools, session.WorkFolder, Fields.CustomToolFile),
       Document(session.Document),
       Status(Fields, RichTextBox1, Document),
       Edit(session.Windows, RichTextBox1, ActiveControl),
@@ -67,6 +66,7 @@ ChangeCase::~ChangeCase() {
   session_.OnStartAnew = nullptr;
   session_.OnDocumentChanged = nullptr;
   session_.OnTell = nullptr;
+  session_.OnCustomToolsChanged = nullptr;
   RichTextBox1.OnChange = nullptr;
   RichTextBox1.OnSelChange = nullptr;
   RichTextBox1.OnKeyDown = nullptr;
@@ -86,6 +86,8 @@ void ChangeCase::WireSession() {
     Status.ShowFormat();
   };
   session_.OnTell = [this](StringView message) { Tell(message); };
+  session_.OnCustomToolsChanged = [this] { ShowCustomTools(); };
+  Editors.Listed.OnListed = [this] { session_.UseCustomTools(Editors.Listed.List()); };
   const struct {
     int Number;
     String Text;
@@ -207,7 +209,6 @@ void ChangeCase::ShowCustomTools() {
     button.ToolTipText = WithKey(there ? tool->second : String(command.Hint), command.Keys);
   }
   Menu.hyphen7.Visible = Menu.CustMenus.front().Visible;
-  Menu.CustToolsMenu.Visible = Fields.CustomToolCount > 0;
 }
 
 void ChangeCase::OpenCommandLine() {

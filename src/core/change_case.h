@@ -6,6 +6,7 @@
 #include "core/main_menu.h"
 #include "core/session.h"
 #include "core/status_line.h"
+#include "custom/custom_tool_editors.h"
 #include "editor/cls_undo.h"
 #include "editor/edit_commands.h"
 #include "editor/find_panel.h"
@@ -53,6 +54,7 @@ class ChangeCase : public Form {
   ::Messages& Messages;
   ToolState& Tools;
   CustomToolRunner& CustomTools;
+  CustomToolEditors Editors;
   ::Document& Document;
 
   MainMenu Menu;

@@ -49,6 +49,8 @@ struct MainMenu {
   // Cust1Menu to Cust8Menu.
   std::array<MenuItem, kMostCustomTools> CustMenus;
   MenuItem hyphen7;
+  MenuItem CreateCustMenu;
+  MenuItem EditCustMenu;
 
   MenuItem HelpMenu{u"&Help"};
   MenuItem ContentsMenu;

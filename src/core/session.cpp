@@ -1,6 +1,5 @@
 #include "core/session.h"
 
-#include "custom/custom_tool_names.h"
 #include "platform/system/files.h"
 #include "state/data_files.h"
 
@@ -22,7 +21,7 @@ Session::Session(WindowSystem& windows, const String& appFolder, const String& c
   Fields.CommandLine = commandLine;
   RichTextBox1.OnChange = [this] { Document.TextHasChanged(); };
   RichTextBox1.OnPaste = [this] { Document.CheckSetLock(); };
-  ReadCustomTools();
+  UseCustomTools(ReadCustomToolNames(Fields.CustomToolFile));
   ApplyOptions();
 }
 
@@ -30,10 +29,10 @@ Session::~Session() { DeleteTemporaryFiles(Fields); }
 
 ToolContext Session::Context() { return {Fields, RichTextBox1, Messages, Windows, Tools}; }
 
-void Session::ReadCustomTools() {
-  CustomToolList list = ReadCustomToolNames(Fields.CustomToolFile);
+void Session::UseCustomTools(CustomToolList list) {
   CustomToolNames = std::move(list.Names);
   Fields.CustomToolCount = list.Count;
+  if (OnCustomToolsChanged) OnCustomToolsChanged();
 }
 
 int Session::CustomToolNumber(StringView name) const {

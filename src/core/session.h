@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 
+#include "custom/custom_tool_names.h"
 #include "custom/custom_tool_runner.h"
 #include "editor/document.h"
 #include "platform/system/work_folder.h"
@@ -25,7 +26,8 @@ class Session : private DocumentHost {
   ToolContext Context();
   // Runs a custom tool by its number, 1 to kMostCustomTools; one that is not there does nothing.
   CustomToolResult RunCustomTool(int number);
-  void ReadCustomTools();
+  // The custom tools are these now; tells the window.
+  void UseCustomTools(CustomToolList list);
   // The number of the custom tool of this name, in any case; 0 where there is none.
   int CustomToolNumber(StringView name) const;
   // Puts the options' fonts and folders back after the text was replaced.
@@ -55,10 +57,12 @@ class Session : private DocumentHost {
   ::Document Document;
 
   // For the window: another text stands in the editor; the document's file, format or state is
-  // another; something the user should know that is not worth a window.
+  // another; something the user should know that is not worth a window; the list of custom tools is
+  // another.
   std::function<void()> OnStartAnew;
   std::function<void()> OnDocumentChanged;
   std::function<void(StringView)> OnTell;
+  std::function<void()> OnCustomToolsChanged;
 
  private:
   void StartAnew() override;

@@ -15,19 +15,22 @@ int ToolNumber(StringView line) {
 
 }  // namespace
 
-CustomToolList ReadCustomToolNames(const String& path) {
+CustomToolList ListCustomTools(const std::vector<String>& lines) {
   CustomToolList list;
-  try {
-    const std::vector<String> lines = ReadDataFile(path);
-    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
-      const int number = ToolNumber(lines[i]);
-      if (number == 0) continue;
-      // The line behind a key is a name, whatever it looks like.
-      list.Names[number] = ProperCase(lines[++i]);
-      list.Count = number;
-    }
-  } catch (const RuntimeError&) {
-    list = {};
+  for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+    const int number = ToolNumber(lines[i]);
+    if (number == 0) continue;
+    // The line behind a key is a name, whatever it looks like.
+    list.Names[number] = ProperCase(lines[++i]);
+    list.Count = number;
   }
   return list;
+}
+
+CustomToolList ReadCustomToolNames(const String& path) {
+  try {
+    return ListCustomTools(ReadDataFile(path));
+  } catch (const RuntimeError&) {
+    return {};
+  }
 }

@@ -2,6 +2,7 @@
 // The names of the custom tools, for the menu.
 
 #include <map>
+#include <vector>
 
 #include "custom/custom_tool.h"
 
@@ -12,5 +13,7 @@ struct CustomToolList {
   int Count = 0;
 };
 
+// The list in all lines of a custom tool file.
+CustomToolList ListCustomTools(const std::vector<String>& lines);
 // The list of a custom tool file. An unreadable file has no tools.
 CustomToolList ReadCustomToolNames(const String& path);

@@ -13,10 +13,11 @@ class Writer {
   void Text(StringView line) { Lines.emplace_back(line); }
   void Flag(bool value) { Text(value ? u"1" : u"0"); }
   void Between(StringView begin, StringView text, StringView end) {
-    String rest = String(begin).append(text).append(end);
+    const String whole = String(begin).append(text).append(end);
+    StringView rest = whole;
     for (std::size_t lineEnd; (lineEnd = rest.find(kCrLf)) != String::npos;) {
-      Text(StringView(rest).substr(0, lineEnd));
-      rest.erase(0, lineEnd + kCrLf.size());
+      Text(rest.substr(0, lineEnd));
+      rest.remove_prefix(lineEnd + kCrLf.size());
     }
     Text(rest);
   }

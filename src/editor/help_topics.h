@@ -9,6 +9,7 @@
 inline constexpr int kHelpContents = 1002;
 inline constexpr int kHelpKeys = 1004;
 inline constexpr int kHelpCommandLine = 1005;
+inline constexpr int kHelpCustomTools = 1007;
 inline constexpr int kHelpBatch = 1008;
 inline constexpr int kHelpRunProgram = 1011;
 inline constexpr int kHelpHtml = 1028;

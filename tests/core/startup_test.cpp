@@ -33,7 +33,7 @@ TEST(DataPaths, NoSeparatorIsDoubled) {
 }
 
 TEST_F(StartTest, CustomToolsStandOnTheMenu) {
-  const String longName = u"A && X" + String(75, u'x') + u"\u2026";
+  const String longName = u"A && X" + String(79, u'x');
   struct Case {
     const char* Name;
     std::string File;

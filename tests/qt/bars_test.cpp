@@ -68,6 +68,39 @@ class Bars : public FormTest {
   MainForm form{windows};
 };
 
+TEST_F(Bars, LongCaptionsLoseTheirMiddleAndHaveATip) {
+  QAction* const action = FileMenu()->actions().constFirst();
+  const QFontMetrics metrics(FileMenu()->font());
+  const QString tail = "&& <b>co</b>";
+  const struct {
+    QString Caption;
+    bool Fits;
+  } cases[] = {
+      {"Clean && <b>co</b>", true},
+      {"Clean\tup && <b>co</b>", true},
+      {"Clean " + QString(100, u'W') + tail, false},
+      {"Clean " + QString(300, u'&') + tail, false},
+      {"Clean " + QString("\U0001F600").repeated(1501) + tail, false},
+      {"Clean " + QString(200'000, u'i') + tail, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Caption.left(30).toStdString());
+    form.Save.Caption = FromQt(c.Caption);
+    QString shown = action->text();
+    EXPECT_TRUE(shown.startsWith("Clean ")) << "a tab would make a key of the rest";
+    EXPECT_TRUE(shown.endsWith(tail + "\tCtrl+S"));
+    EXPECT_EQ(shown.contains(QChar(0x2026)), !c.Fits);
+    EXPECT_TRUE(shown.isValidUtf16());
+    EXPECT_LT(metrics.horizontalAdvance(shown.replace("&&", "&")),
+              QGuiApplication::primaryScreen()->size().width());
+    if (c.Fits) continue;
+    EXPECT_TRUE(action->toolTip().contains("Clean"));
+    EXPECT_FALSE(action->toolTip().contains("<b>"));
+    EXPECT_LT(action->toolTip().size(), 6000);
+  }
+  EXPECT_TRUE(FileMenu()->toolTipsVisible());
+}
+
 TEST_F(Bars, MenusFollowTheirItemsAndRunTheirHandlers) {
   const auto actions = FileMenu()->actions();
   ASSERT_EQ(actions.size(), 4);

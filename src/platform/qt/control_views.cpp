@@ -43,7 +43,14 @@ class Maker : public ControlVisitor {
 }  // namespace
 
 QString PlainToolTip(const String& text) {
-  const QString plain = ToQt(text);
+  // A longer one would not fit on the screen.
+  constexpr int kLongest = 1000;
+  // Only what counts as markup is broken into lines.
+  constexpr int kLine = 100;
+  QString plain = ToQt(text);
+  if (plain.size() > kLongest) plain = plain.left(kLongest) + QChar(0x2026);
+  if (plain.size() > kLine)
+    return QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(plain.toHtmlEscaped());
   return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
 }
 

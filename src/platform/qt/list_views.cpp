@@ -116,6 +116,19 @@ class RowsBinding {
   bool quiet_ = false;
 };
 
+// As wide as its rows, within reason.
+class ComboView : public QComboBox {
+ public:
+  QSize sizeHint() const override { return Bounded(QComboBox::sizeHint()); }
+  QSize minimumSizeHint() const override { return Bounded(QComboBox::minimumSizeHint()); }
+
+ private:
+  static constexpr int kWidest = 60;  // average characters
+  QSize Bounded(const QSize& size) const {
+    return {std::min(size.width(), kWidest * fontMetrics().averageCharWidth()), size.height()};
+  }
+};
+
 }  // namespace
 
 QListView* MakeRowsView(ListControl& list, Property<std::set<int>>& selected, ListBox::Marks marks,
@@ -140,7 +153,8 @@ QWidget* MakeView(ListBox& box, Bindings& bindings) {
 }
 
 QWidget* MakeView(ComboBox& box, Bindings& bindings) {
-  auto* view = new QComboBox;
+  auto* view = new ComboView;
+  view->view()->setTextElideMode(Qt::ElideMiddle);
   view->setEditable(box.Editable);
   view->setInsertPolicy(QComboBox::NoInsert);
   view->setSizeAdjustPolicy(QComboBox::AdjustToContents);

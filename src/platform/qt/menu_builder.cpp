@@ -1,19 +1,51 @@
 #include "platform/qt/menu_builder.h"
 
+#include <QApplication>
+#include <QFontMetrics>
+#include <QScreen>
+#include <optional>
+
+#include "platform/qt/control_views.h"
 #include "platform/qt/strings.h"
 
 namespace {
 
+// In average characters.
+constexpr int kWidest = 60;
+// Of those that are looked at.
+constexpr int kLongest = 1000;
+
+// The part of a caption that a menu can show: a long one loses its middle. None when it fits.
+std::optional<QString> Shortened(QString caption) {
+  const QFontMetrics metrics(QApplication::font("QMenu"));
+  const int room = std::min(metrics.averageCharWidth() * kWidest,
+                            QGuiApplication::primaryScreen()->availableSize().width() / 2);
+  caption.replace(QLatin1String("&&"), QLatin1String("&"));
+  if (caption.size() > kLongest)
+    caption = caption.left(kLongest / 2) + caption.right(kLongest / 2);
+  else if (metrics.horizontalAdvance(caption) <= room)
+    return {};
+  return metrics.elidedText(caption, Qt::ElideMiddle, room).replace(u'&', QLatin1String("&&"));
+}
+
 // The key stands beside the caption only; the form itself sees the key and runs the command.
-QString TextOf(const MenuItem& item) {
-  const QString caption = ToQt(item.Caption);
+QString WithKey(const QString& caption, const MenuItem& item) {
   if (item.Shortcut.empty()) return caption;
   const QKeySequence keys(ToQt(item.Shortcut), QKeySequence::PortableText);
   return caption + QLatin1Char('\t') + keys.toString(QKeySequence::NativeText);
 }
 
+void ShowCaption(QAction& action, const MenuItem& item) {
+  // Behind a tab Qt would look for a key.
+  QString caption = ToQt(item.Caption).replace(u'\t', u' ');
+  const auto shortened = Shortened(caption);
+  action.setText(WithKey(shortened.value_or(caption), item));
+  caption.replace(QLatin1String("&&"), QLatin1String("&"));
+  action.setToolTip(shortened ? PlainToolTip(FromQt(caption)) : QString());
+}
+
 void BindItem(QAction& action, MenuItem& item, Bindings& bindings) {
-  bindings.Follow(item.Caption, [&] { action.setText(TextOf(item)); });
+  bindings.Follow(item.Caption, [&] { ShowCaption(action, item); });
   bindings.Follow(item.Visible, [&] { action.setVisible(item.Visible); });
   bindings.Follow(item.Enabled, [&] { action.setEnabled(item.Enabled); });
 }
@@ -47,6 +79,7 @@ QAction* MakeEntry(MenuItem& item, QMenu& menu, Bindings& bindings) {
 }  // namespace
 
 void FillMenu(QMenu& menu, const std::vector<MenuItem*>& items, Bindings& bindings) {
+  menu.setToolTipsVisible(true);
   // Two separators may stand together where what is between them is hidden.
   menu.setSeparatorsCollapsible(true);
   for (MenuItem* item : items) {
