@@ -50,8 +50,5 @@ struct SharedFields {
   // Command line.
   String SaveToLocation;
   String AddPrefix;
-  String UseAllFolder;
   bool NoHtmlHeaderFooter = false;
-  bool AutoRunMFF = false;
-  String AutoRunListFile;
 };
