@@ -57,10 +57,12 @@ BatchOrder ReadOrder(Session& session, const JoinedLine& given) {
   if (order.AddPrefix.find(kPathSeparator) != String::npos)
     Refuse(u"A prefix cannot hold a \"/\".", kError);
   const int number = session.CustomToolNumber(SwitchValue(line, Word::Auto));
-  if (number == 0)
+  if (number == 0) {
+    session.TestCustomToolFile();
     Refuse(
         u"The tool you specified with the /AUTO: switch does not exist. Check to make sure that "
         u"it is spelled exactly as listed on the Custom Tools menu.");
+  }
   order.Passes[0].Tool = String(kCustomToolPrefix) + session.CustomToolNames.at(number);
   if (!order.SaveToLocation.empty()) order.SaveToLocation = AbsolutePath(order.SaveToLocation);
   TestWritable(order.SaveToLocation);

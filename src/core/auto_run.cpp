@@ -86,9 +86,8 @@ void RefuseEncrypted(const Session& session, const Task& task, bool isReadOnly) 
 
 std::string NoSuchTool(const Session& session, const Task& task) {
   std::string message = "there is no custom tool named " + Quoted(task.ToolName);
-  const String& store = session.Fields.CustomToolFile;
   try {
-    if (FileExists(store) || FolderExists(store)) ReadDataFile(store);
+    session.TestCustomToolFile();
   } catch (const RuntimeError& error) {
     message += std::string(": ") + error.what();
   }

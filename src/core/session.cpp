@@ -35,6 +35,11 @@ void Session::UseCustomTools(CustomToolList list) {
   if (OnCustomToolsChanged) OnCustomToolsChanged();
 }
 
+void Session::TestCustomToolFile() const {
+  const String& file = Fields.CustomToolFile;
+  if (FileExists(file) || FolderExists(file)) ReadDataFile(file);
+}
+
 int Session::CustomToolNumber(StringView name) const {
   for (const auto& [number, stored] : CustomToolNames) {
     if (UCase(Trim(stored)) == UCase(name)) return number;

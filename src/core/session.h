@@ -28,6 +28,8 @@ class Session : private DocumentHost {
   CustomToolResult RunCustomTool(int number);
   // The custom tools are these now; tells the window.
   void UseCustomTools(CustomToolList list);
+  // RuntimeError where there is a custom tool file that can't be read.
+  void TestCustomToolFile() const;
   // The number of the custom tool of this name, in any case; 0 where there is none.
   int CustomToolNumber(StringView name) const;
   // Puts the options' fonts and folders back after the text was replaced.

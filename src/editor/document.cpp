@@ -180,13 +180,9 @@ void Document::NewNamed(const String& path) {
 }
 
 void Document::TellLeftovers() {
-  try {
-    String names;
-    for (const String& path : LeftoversBeside(file_.Path)) names += u" " + String(FileNameOf(path));
-    if (!names.empty()) host_.Tell(u"Left beside the file by a save that was broken off:" + names);
-  } catch (const RuntimeError&) {
-    // A folder that can't be read.
-  }
+  String names;
+  for (const String& path : LeftoversBeside(file_.Path)) names += u" " + path;
+  if (!names.empty()) host_.Tell(u"Left by a save that was broken off:" + names);
 }
 
 void Document::Load(File file) {
@@ -246,7 +242,8 @@ void Document::Save(File file) {
   if (format.BareCrs.empty()) NoteLineEnds(*text, format);
   const bool hasSource = fields_.HasFileName && FileExists(file_.Path);
   editor_.SaveFile(file.Path, format, hasSource ? file_.Path : String());
-  if (format.Encoding != fields_.DocumentFormat.Encoding) {
+  const bool keepsEncoding = format.Encoding == fields_.DocumentFormat.Encoding;
+  if (!keepsEncoding) {
     host_.Tell(u"Saved as " + EncodingName(format) + u": " + EncodingName(fields_.DocumentFormat) +
                u" cannot hold every character of the text.");
   }
@@ -258,7 +255,8 @@ void Document::Save(File file) {
   fields_.ReadOnlyFile = false;
   editor_.Locked = encrypted_ = HoldsEncryptionMarker(*text);
   host_.DocumentChanged();
-  TellLeftovers();
+  // The news about the text itself stays.
+  if (keepsEncoding) TellLeftovers();
 }
 
 void Document::CheckSetLock() {

@@ -38,6 +38,14 @@ void RunOnFile(ToolContext& context, const Tool& tool, const String& file) {
   SafeSave(file, [&](const ByteSink& sink) { run.Result().ReadRest(sink); });
 }
 
+// The cause, with the file in front: a tool that can't take a text knows no name of it.
+std::string Failure(const std::exception& error, const String& file) {
+  const std::string cause = error.what();
+  for (const String& name : {file, AbsolutePath(file)})
+    if (cause.starts_with(ToUtf8(name) + ':')) return cause;
+  return ToUtf8(file) + ": " + cause;
+}
+
 }  // namespace
 
 int RunToolOnFiles(const String& toolName, std::span<const String> files) {
@@ -64,7 +72,7 @@ int RunToolOnFiles(const String& toolName, std::span<const String> files) {
     try {
       RunOnFile(context, *tool, file);
     } catch (const std::exception& error) {
-      std::cerr << "wordflurn: " << error.what() << '\n';
+      std::cerr << "wordflurn: " << Failure(error, file) << '\n';
       status = 2;
     }
   }

@@ -281,6 +281,43 @@ TEST_F(DocumentTest, NothingIsLost) {
 }
 
 // The status bar's choices decide what the next save writes.
+TEST_F(DocumentTest, CopyIsNoMoreReadableThanTheFileItIsFrom) {
+  using std::filesystem::perms;
+  constexpr perms kOwnersOnly = perms::owner_read | perms::owner_write;
+  const String file = Files.Put(u"f.txt", "private");
+  const String copy = Files / u"copy.txt";
+  std::filesystem::permissions(ToUtf8(file), kOwnersOnly);
+  Start();
+  Open(file);
+  Windows.ChosenFile = copy;
+  App().Menu.SaveAsMenu.Click();
+  EXPECT_EQ(BytesOf(copy), "private");
+  EXPECT_EQ(std::filesystem::status(ToUtf8(copy)).permissions(), kOwnersOnly);
+}
+
+TEST_F(DocumentTest, NamesWhatASaveThatWasCutOffHasLeft) {
+  const String file = Files.Put(u"f.txt", "text");
+  const String left = Files / u".wordflurn-0123456789abcdef";
+  const auto makeLeftover = [&] {
+    Files.Put(FileNameOf(left), "new text");
+    std::filesystem::last_write_time(
+        ToUtf8(left), std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  };
+  Start();
+  const auto isNamed = [&] { return Contains(App().Status.Bar.Message.Get(), left); };
+  makeLeftover();
+  Open(file);
+  EXPECT_TRUE(isNamed());
+  Type(u"more ");
+  EXPECT_FALSE(isNamed());
+  App().Menu.SaveMenu.Click();
+  EXPECT_TRUE(isNamed());
+  App().RichTextBox1.SetText(u"new text");
+  App().Menu.SaveMenu.Click();
+  EXPECT_FALSE(isNamed());
+  EXPECT_FALSE(FileExists(left));
+}
+
 TEST_F(DocumentTest, EncodingAndLineEndsAreWhatTheUserChose) {
   struct Case {
     const char* Name;

@@ -94,8 +94,9 @@ TEST_F(CharacterRepair, ATextOfTooManyLinesIsRefusedOnce) {
                                 StringView(u"Fix Odd-Looking Characters (upper->lower ASCII)")}) {
     Windows.Notices.clear();
     EXPECT_EQ(OnEditor(tool, text), text);
-    EXPECT_EQ(Windows.Notices,
-              std::vector<String>{u"The text has more than 30000 lines and was not changed."});
+    EXPECT_EQ(
+        Windows.Notices,
+        std::vector<String>{u"The text has more than 30000 lines, which this tool cannot take."});
   }
 }
 

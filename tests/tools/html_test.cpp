@@ -180,8 +180,9 @@ TEST_F(HtmlTest, TextOfTooManyLinesIsRefusedWhole) {
   String page = u"<BODY>\r\n";
   for (int i = 0; i < 15001; ++i) page += u"<P>x\r\n";
   EXPECT_EQ(OnEditor(kFromHtml, page), page);
-  EXPECT_EQ(Windows.Notices,
-            std::vector<String>{u"The text has more than 30000 lines and was not changed."});
+  EXPECT_EQ(
+      Windows.Notices,
+      std::vector<String>{u"The text has more than 30000 lines, which this tool cannot take."});
   EXPECT_THROW(OnFile(kFromHtml, page), RuntimeError);
 }
 

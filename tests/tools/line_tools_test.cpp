@@ -125,8 +125,9 @@ TEST_F(LineTools, TableHolds30000Lines) {
     EXPECT_EQ(OnBoth(name, text), text);
     EXPECT_TRUE(Windows.Notices.empty());
     EXPECT_EQ(OnEditor(name, text + u"y"), text + u"y");
-    EXPECT_EQ(Windows.Notices,
-              std::vector<String>{u"The text has more than 30000 lines and was not changed."});
+    EXPECT_EQ(
+        Windows.Notices,
+        std::vector<String>{u"The text has more than 30000 lines, which this tool cannot take."});
     Windows.Notices.clear();
     try {
       OnFile(name, text + u"y");

@@ -6,7 +6,7 @@ namespace {
 
 [[noreturn]] void ThrowTooMany() {
   throw RuntimeError(kSubscriptOutOfRange,
-                     "The text has more than 30000 lines and was not changed.");
+                     "The text has more than 30000 lines, which this tool cannot take.");
 }
 
 }  // namespace
