@@ -1,12 +1,16 @@
 #include "batch/list_file.h"
 
+#include <algorithm>
+#include <optional>
 #include <unordered_set>
 
 #include "platform/system/byte_file.h"
 #include "platform/system/files.h"
+#include "platform/system/safe_save.h"
 #include "text/encoding.h"
 #include "text/pattern.h"
 #include "text/runtime_error.h"
+#include "text/windows1252.h"
 
 namespace {
 
@@ -45,6 +49,28 @@ String FileOf(std::string_view line) {
   return {};
 }
 
+bool IsAscii(StringView text) {
+  return std::all_of(text.begin(), text.end(), [](char16_t c) { return c < 0x80; });
+}
+
+bool HoldsStrayByte(StringView text) {
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (IsLowSurrogate(text[i]) && (i == 0 || !IsHighSurrogate(text[i - 1]))) return true;
+  return false;
+}
+
+// The path in the code page; nothing where these bytes would be read as another name.
+std::optional<std::string> PageLine(StringView path) {
+  std::string bytes;
+  for (const char16_t c : path) {
+    const auto code = Windows1252Code(c);
+    if (!code) return {};
+    bytes += static_cast<char>(*code);
+  }
+  if (!IsAscii(path) && !HoldsStrayByte(FromUtf8(bytes))) return {};
+  return bytes;
+}
+
 class ListReader {
  public:
   void Line(std::string_view line) {
@@ -78,6 +104,20 @@ FileList ReadListFile(const String& path) {
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
   }
   return reader.Take();
+}
+
+void WriteListFile(const String& path, const std::vector<String>& files) {
+  std::string page, utf8;
+  bool fits = true;
+  for (const String& file : files) {
+    if (file.find_first_of(kCrLf) != String::npos)
+      throw RuntimeError(kInvalidCall, ToUtf8(file) + ": a name with a line break fits in no list");
+    const auto line = fits ? PageLine(file) : std::nullopt;
+    fits = line.has_value();
+    if (fits) page += *line + "\r\n";
+    utf8 += ToUtf8(file) + "\r\n";
+  }
+  SafeSave(path, [&](const ByteSink& sink) { sink(fits ? page : utf8); });
 }
 
 std::vector<String> FilesToFlurn(const String& folder) {

@@ -18,6 +18,11 @@ struct FileList {
 // these bytes are in Windows-1252. RuntimeError where the list can't be read.
 FileList ReadListFile(const String& path);
 
+// Writes a list file, in Windows-1252 where each line can only be read as the path that it stands
+// for, else with the very bytes of the paths. RuntimeError, and the file is as it was, for a path
+// with a line break in it as well.
+void WriteListFile(const String& path, const std::vector<String>& files);
+
 // The files of a folder that fit the first of the patterns, without hidden ones, in order of their
 // names. RuntimeError where the folder can't be read.
 std::vector<String> FilesToFlurn(const String& folder);

@@ -1,7 +1,5 @@
 #include "batch/working2.h"
 
-namespace {
-
 String Grouped(std::size_t number) {
   constexpr std::size_t kGroup = 3;
   const String digits = Str(static_cast<long long>(number));
@@ -12,8 +10,6 @@ String Grouped(std::size_t number) {
   }
   return grouped;
 }
-
-}  // namespace
 
 String FileOf(std::size_t file, std::size_t of) {
   return u"file " + Grouped(file) + u" of " + Grouped(of);

@@ -30,5 +30,7 @@ class Working2 : public Form {
   void Load() override;
 };
 
+// "5,000"
+String Grouped(std::size_t number);
 // "file 37 of 5,000"
 String FileOf(std::size_t file, std::size_t of);

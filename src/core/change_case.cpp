@@ -52,7 +52,7 @@ ChangeCase::ChangeCase(Session& session)
       Edit(session.Windows, RichTextBox1, ActiveControl),
       Find(RichTextBox1, Messages),
       UndoEdit(session.Windows, Fields),
-      Batch(session.Windows, session.Messages, Fields.AppFolder, LockOf(session.WorkFolder)) {
+      Batch(session) {
   Columns = 140;
   Lines = 36;
   WireSession();
@@ -282,9 +282,15 @@ void ChangeCase::RunFromToolBar(const std::function<void()>& run) {
   run();
 }
 
+void ChangeCase::MultipleFileFlurn(int step) {
+  if (RefusedWhileToolRuns()) return;
+  const ScopedValue running(toolRuns_, true);
+  Batch.Begin(step);
+}
+
 void ChangeCase::UndoMultipleFileFlurn() {
   const ScopedValue running(toolRuns_, true);
-  Batch.ShowUndo();
+  Batch.Windows.ShowUndo();
 }
 
 void ChangeCase::UndoStop() {

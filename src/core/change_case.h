@@ -2,8 +2,8 @@
 // The main window: it shows a session, and makes menus, keys, tool bar and status bar do what the
 // table of commands says.
 
-#include "batch/batch_windows.h"
 #include "core/main_menu.h"
+#include "core/multi_flurn.h"
 #include "core/session.h"
 #include "core/status_line.h"
 #include "custom/custom_tool_editors.h"
@@ -37,6 +37,8 @@ class ChangeCase : public Form {
   void RunTool(const Tool& tool);
   void RunCustomToolAsOneStep(int number);
   void RunFromToolBar(const std::function<void()>& run);
+  // Opens the wizard at a step, 1 to 4, and runs the batch.
+  void MultipleFileFlurn(int step);
   void UndoMultipleFileFlurn();
 
   CustomToolResult RunCustomTool(int number) { return session_.RunCustomTool(number); }
@@ -67,13 +69,14 @@ class ChangeCase : public Form {
   CommandButton Command9;   // copy all
   CommandButton Command5;   // custom tool 1
   CommandButton Command6;   // custom tool 2
+  CommandButton Command10;  // Multiple File Flurn
   CommandButton Command11;  // Email Cleanup - Standard
   CommandButton Command12;  // Email Cleanup - Poem or List
   StatusLine Status;
   EditCommands Edit;
   FindPanel Find;
   clsUndo UndoEdit;
-  BatchWindows Batch;
+  MultiFlurn Batch;
 
  protected:
   void Load() override;

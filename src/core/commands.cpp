@@ -48,6 +48,16 @@ void RunToolFromToolBar(ChangeCase& app, StringView storedName) {
   app.RunFromToolBar([&app, storedName] { app.RunTool(*FindTool(storedName)); });
 }
 
+template <int step>
+void OpenWizard(ChangeCase& app) {
+  app.MultipleFileFlurn(step);
+}
+
+template <int step>
+constexpr Command WizardKey(Key keys, StringView hint) {
+  return {.Keys = keys, .Hint = hint, .Run = OpenWizard<step>, .ByKey = OpenWizard<step>};
+}
+
 constexpr Command kCommands[] = {
     {.Menu = &MainMenu::FileMenu,
      .Item = &MainMenu::NewMenu,
@@ -80,6 +90,19 @@ constexpr Command kCommands[] = {
      .Item = &MainMenu::SaveAsMenu,
      .Caption = u"Save &As...",
      .Run = [](ChangeCase& app) { app.Document.SaveAs(); }},
+    Line(&MainMenu::FileMenu),
+    {.Menu = &MainMenu::FileMenu,
+     .Item = &MainMenu::MultiMenu,
+     .Caption = u"&Multiple File Flurn",
+     .Keys = Ctrl('1'),
+     .Button = &ChangeCase::Command10,
+     .BarPlace = 9,
+     .Icon = u"batch",
+     .Hint = u"Multiple File Flurn",
+     .Run = OpenWizard<1>},
+    WizardKey<2>(Ctrl('2'), u"Multiple File Flurn, from the files on"),
+    WizardKey<3>(Ctrl('3'), u"Multiple File Flurn, from the tools on"),
+    WizardKey<4>(Ctrl('4'), u"Multiple File Flurn, from the name on"),
     Line(&MainMenu::FileMenu),
     {.Menu = &MainMenu::FileMenu,
      .Item = &MainMenu::ExitMenu,
@@ -222,13 +245,13 @@ constexpr Command kCommands[] = {
      .WhileRunning = true},
 
     {.Button = &ChangeCase::Command11,
-     .BarPlace = 9,
+     .BarPlace = 10,
      .Icon = u"email",
      .Hint = kEmailStandard,
      .Run = [](ChangeCase& app) { RunToolFromToolBar(app, kEmailStandard); },
      .Locked = RefuseTool},
     {.Button = &ChangeCase::Command12,
-     .BarPlace = 10,
+     .BarPlace = 11,
      .Icon = u"email-poem",
      .Hint = kEmailPoem,
      .Run = [](ChangeCase& app) { RunToolFromToolBar(app, kEmailPoem); },

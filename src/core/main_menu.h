@@ -25,6 +25,7 @@ struct MainMenu {
   MenuItem OpenMenu;
   MenuItem SaveMenu;
   MenuItem SaveAsMenu;
+  MenuItem MultiMenu;
   MenuItem ExitMenu;
 
   MenuItem EditMenu{u"&Edit"};

@@ -12,7 +12,8 @@ class MultiFlurnTest : public AppTest {};
 TEST_F(MultiFlurnTest, UndoBlocksTheCommandsOfTheMainWindow) {
   ChangeCase& app = Start();
   const String file = Files.Put(u"a.txt", "old");
-  RunBackups backups(app.Batch.Ring.Prepare().value(), MakeRunHead(std::time(nullptr), u"Mine"));
+  RunBackups backups(app.Batch.Windows.Ring.Prepare().value(),
+                     MakeRunHead(std::time(nullptr), u"Mine"));
   backups.BackUp(file);
   backups.Flush();
   Files.Put(u"a.txt", "new");
@@ -26,10 +27,10 @@ TEST_F(MultiFlurnTest, UndoBlocksTheCommandsOfTheMainWindow) {
     EXPECT_EQ(app.Status.Bar.Message.Get(), u"The program is still at work.");
     app.CloseByFrame();
     EXPECT_FALSE(Windows.QuitStatus);
-    if (&form == &app.Batch.UndoMFF)
-      app.Batch.UndoMFF.Command1.Click();
+    if (&form == &app.Batch.Windows.UndoMFF)
+      app.Batch.Windows.UndoMFF.Command1.Click();
     else
-      app.Batch.UndoMFF2.Command1.Click();
+      app.Batch.Windows.UndoMFF2.Command1.Click();
   };
   app.Menu.UndoMFFMenu.Click();
   EXPECT_EQ(BytesOf(file), "old");

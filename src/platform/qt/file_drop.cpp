@@ -51,7 +51,7 @@ class FileDrop : public QObject {
 
 }  // namespace
 
-void AcceptFiles(Form& form, QMainWindow& window, Bindings& bindings) {
+void AcceptFiles(Form& form, QWidget& window, Bindings& bindings) {
   auto* drop = new FileDrop(form, &window);
   window.setAcceptDrops(true);
   window.installEventFilter(drop);

@@ -72,8 +72,11 @@ void FormView::Build() {
   if (auto* main = qobject_cast<QMainWindow*>(window_)) {
     main->menuBar()->setAccessibleName(QStringLiteral("Menus"));
     BuildMenuBar(*main->menuBar(), form_.Menus(), *bindings_);
-    AcceptFiles(form_, *main, *bindings_);
   }
+  if (form_.TakesDrops()) AcceptFiles(form_, *window_, *bindings_);
+  bindings_->On(qApp, &QGuiApplication::focusWindowChanged, [this](QWindow* now) {
+    if (now && now == window_->windowHandle()) form_.Activated();
+  });
   for (QLabel* label : window_->findChildren<QLabel*>())
     if (auto* wrapping = dynamic_cast<WrappingLabel*>(label)) wrapping->FitColumns(form_.Columns);
   FindButtons();

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr StringView kEveryFile = u"*.*";
-
 void DropHidden(std::vector<String>& names) {
   std::erase_if(names, [](const String& name) { return name.starts_with(u'.'); });
 }
@@ -111,18 +109,23 @@ FileListBox::FileListBox() {
   });
 }
 
+std::vector<String> FittingFiles(const String& folder, StringView pattern, bool naturalOrder) {
+  std::vector<String> names = FilesIn(folder);
+  if (pattern != kEveryFile) {
+    DropHidden(names);
+    std::erase_if(names, [&](const String& name) { return !FitsPattern(name, pattern); });
+  }
+  if (naturalOrder) SortNaturally(names);
+  return names;
+}
+
 void FileListBox::Refresh() {
   std::vector<String> names;
   try {
-    names = FilesIn(Path);
+    names = FittingFiles(Path, Pattern.Get(), NaturalOrder);
   } catch (const RuntimeError&) {
     // A folder that can't be read shows no files.
   }
-  if (Pattern.Get() != kEveryFile) {
-    DropHidden(names);
-    std::erase_if(names, [this](const String& name) { return !FitsPattern(name, Pattern.Get()); });
-  }
-  if (NaturalOrder) SortNaturally(names);
   if (names == List.Get()) return;
   Selected = std::set<int>{};
   ListIndex = -1;

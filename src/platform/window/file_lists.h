@@ -3,6 +3,9 @@
 
 #include "platform/window/controls.h"
 
+// Fits every name, of hidden files as well.
+inline constexpr StringView kEveryFile = u"*.*";
+
 // The root, the home folder and the mounted volumes.
 struct DriveListBox : Control {
   void Accept(ControlVisitor& visitor) override;
@@ -50,6 +53,10 @@ struct DirListBox : Control {
   Signal::Subscription changed_;
 };
 
+// The names of a folder's files that fit a pattern (see FileListBox), sorted. RuntimeError for a
+// folder that can't be read.
+std::vector<String> FittingFiles(const String& folder, StringView pattern, bool naturalOrder);
+
 // The files of a folder whose names fit a pattern, sorted. Hidden ones show by "*.*" alone. Empty
 // for a folder that can't be read.
 struct FileListBox : ListControl {
@@ -60,7 +67,7 @@ struct FileListBox : ListControl {
   // At first the current folder, which Refresh reads.
   Property<String> Path;
   // Patterns with "*" and "?" parted by ";", in any case; "*.*" fits every name.
-  Property<String> Pattern{u"*.*"};
+  Property<String> Pattern{String(kEveryFile)};
   bool MultiSelect = false;
   // In the order of the user's locale, numbers in names by their value; else by characters.
   bool NaturalOrder = false;

@@ -53,6 +53,9 @@ class Form {
   }
   // A key on its way to a control of the window. Swallowed when it is set to handled.
   virtual void KeyDown(KeyEvent& key) { (void)key; }
+  // The window got the keyboard from another one, of this program or not.
+  virtual void Activated() {}
+  virtual bool TakesDrops() const { return Style() == Frame::Main; }
   // Files dropped on the window.
   virtual void DropFiles(const std::vector<String>& paths) { (void)paths; }
 
