@@ -168,7 +168,7 @@ TEST_F(AutoConvert, AnAbortedRunIsTakenBack) {
       EXPECT_EQ(now, (Contents{{"a.txt", "one\n"}, {"b.txt", "two\n"}}));
       App.CustomToolNames.clear();
       fs::remove(Data.Path / "FLURNCUS.DAT");
-      App.ReadCustomTools();
+      App.UseCustomTools(ReadCustomToolNames(App.Fields.CustomToolFile));
     }
   }
 }

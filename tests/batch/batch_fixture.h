@@ -78,7 +78,7 @@ struct BatchFixture {
   void AddCustomTool(const CustomTool& tool) {
     CustomToolStore(App.WorkFolder, App.Fields.CustomToolFile)
         .Append(tool, App.Fields.CustomToolCount);
-    App.ReadCustomTools();
+    App.UseCustomTools(ReadCustomToolNames(App.Fields.CustomToolFile));
   }
 
   BatchEnd RunBatch(const BatchOrder& order) {
