@@ -80,10 +80,20 @@ void MassConvert2::UpdateMultiToolList() {
   if (Loaded()) FillLists();
 }
 
-void MassConvert2::FillLists() {
+void MassConvert2::Activated() {
+  if (Combo1.List.Get() != Offered()) FillLists();
+  for (const ToolRow& row : rows_) ShowLine(row);
+}
+
+std::vector<String> MassConvert2::Offered() const {
   std::vector<String> offered = OfferedTools(ToolUse::Pass);
   for (const auto& [number, name] : customToolNames_)
     offered.push_back(String(kCustomToolPrefix) + name);
+  return offered;
+}
+
+void MassConvert2::FillLists() {
+  const std::vector<String> offered = Offered();
   for (ToolRow& row : rows_) {
     row.List.List = offered;
     row.List.Text = String(kNoTool);
@@ -113,10 +123,6 @@ void MassConvert2::ShowLine(const ToolRow& row) {
     line = kNotSet;
   row.Line.Caption = Elided(line, kLongestLine);
   row.Line.ToolTipText = line.size() > kLongestLine ? Elided(line, kLongestTip) : String();
-}
-
-void MassConvert2::ShowLines() {
-  for (const ToolRow& row : rows_) ShowLine(row);
 }
 
 void MassConvert2::SetMultiFlags(int number) {

@@ -13,10 +13,11 @@ class MassConvert2 : public Form {
                const std::map<int, String>& customToolNames);
   Layout Content() override;
   void CloseByFrame() override { Command2.Click(); }
-  // The windows of the tools may hold something else than before.
-  void Activated() override { ShowLines(); }
+  // The windows of the tools may hold something else than before, and the list of custom tools may
+  // be another.
+  void Activated() override;
 
-  // The custom tools are others: offers them, and sets each row to no tool.
+  // A custom tool was changed: offers those that are there, and sets each row to no tool.
   void UpdateMultiToolList();
   // Asks for the settings of row 1, 2 or 3.
   void SetMultiFlags(int row);
@@ -63,12 +64,12 @@ class MassConvert2 : public Form {
     ToolSettings Values{};
   };
 
+  std::vector<String> Offered() const;
   void FillLists();
   void Choose(ToolRow& row);
   // Whether the row keeps settings for its tool.
   static bool KeepsOwn(const ToolRow& row);
   void ShowLine(const ToolRow& row);
-  void ShowLines();
   bool MayGoOn();
   void Next();
 

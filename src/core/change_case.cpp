@@ -88,6 +88,7 @@ void ChangeCase::WireSession() {
   session_.OnTell = [this](StringView message) { Tell(message); };
   session_.OnCustomToolsChanged = [this] { ShowCustomTools(); };
   Editors.Listed.OnListed = [this] { session_.UseCustomTools(Editors.Listed.List()); };
+  Editors.Listed.OnChanged = [this] { Batch.Wizard.MassConvert2.UpdateMultiToolList(); };
   const struct {
     int Number;
     String Text;

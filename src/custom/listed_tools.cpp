@@ -70,6 +70,7 @@ bool ListedTools::Append(const std::function<CustomTool(int number)>& make) {
     List(LinesOf(path_), std::move(list));
     added = true;
   });
+  if (added && OnChanged) OnChanged();
   return added;
 }
 
@@ -91,5 +92,6 @@ bool ListedTools::Change(int number, const String& name, const std::function<voi
     }
     ListAnew();
   });
+  if (changed && OnChanged) OnChanged();
   return changed;
 }

@@ -34,6 +34,8 @@ class ListedTools {
 
   // The list is another.
   std::function<void()> OnListed;
+  // A tool was added, replaced or deleted here.
+  std::function<void()> OnChanged;
 
  private:
   void List(std::vector<String> lines, CustomToolList list);

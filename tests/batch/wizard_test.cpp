@@ -207,7 +207,7 @@ TEST_F(WizardTest, DroppedFoldersAreAskedAboutAndFilesJoin) {
   for (const auto* name : {u"f/a.txt", u"f/g/b.txt", u"f/c.bin", u"one.bin"}) Files.Put(name, "x");
   const Rows dropped{Files / u"f", Files / u"one.bin", Files / u"missing"};
   InBrowse([&] {
-    Windows.Answers = {Answer::No, Answer::Yes};
+    Windows.Answers = {::Answer::No, ::Answer::Yes};
     Browse().DropFiles(dropped);
     EXPECT_EQ(Names(), Rows{u"one.bin"});
     EXPECT_TRUE(Contains(Windows.Questions.back(), u" 2 files "));
@@ -355,8 +355,8 @@ TEST_F(WizardTest, SettingsOfARow) {
 }
 
 TEST_F(WizardTest, ToolsThatAreOffered) {
-  Data.Put(u"FLURNCUS.DAT", "Tool1:\r\nmy tool\r\nTool3:\r\nold & new\r\n");
-  Start();
+  for (const StringView name : {u"my tool", u"old & new"})
+    App().Editors.Listed.Append([name](int) { return CustomTool{String(name), {}}; });
   InTools([&] {
     const Rows rows = Tools().Combo3.List;
     ASSERT_EQ(rows.size(), 23u);
@@ -369,7 +369,18 @@ TEST_F(WizardTest, ToolsThatAreOffered) {
     EXPECT_EQ(Tools().Combo1.List.Get(), rows);
     Tools().Combo1.Text = u"Custom Tool: Old & New";
     Tools().Combo2.Text = u"Search and Replace";
-    Tools().UpdateMultiToolList();
+    CustomToolEditors& editors = App().Editors;
+    Do[&editors.EditTool1] = [&] {
+      EXPECT_EQ(Tools().Combo2.Text.Get(), u"Search and Replace") << "looking changes nothing";
+      editors.EditTool1.Combo1.ListIndex = 0;
+      editors.EditTool1.Command1.Click();
+    };
+    Do[&editors.EditTool2] = [&] {
+      Windows.Answers = {::Answer::Yes};
+      editors.EditTool2.Command8.Click();
+    };
+    editors.EditTool1.Begin();
+    EXPECT_EQ(Tools().Combo3.ListCount(), 22);
     EXPECT_EQ(Tools().Combo1.Text.Get(), u"None Selected");
     EXPECT_EQ(Tools().Combo2.Text.Get(), u"None Selected");
   });
