@@ -17,7 +17,7 @@ CreateTool::CreateTool(WindowSystem& windows, Messages& messages, ToolState& too
   Command1.Caption = u"&Create Tool!";
   Command1.OnClick = [this] { Create(); };
   Command2.OnClick = [this] { End(); };
-  Columns = 84;
+  Columns = 90;
   Command8.Caption = u"Help!";
   Command8.OnClick = [this] { messages_.Help(kHelpCustomTools); };
   // Every other click selects the name.

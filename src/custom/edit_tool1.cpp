@@ -10,6 +10,8 @@ EditTool1::EditTool1(WindowSystem& windows, Messages& messages, ListedTools& lis
   Label1.WordWrap = true;
   Columns = 60;
   Combo1.AccessibleName = u"Custom tool";
+  // Which may be too long for the box.
+  Combo1.OnClick = [this] { Combo1.ToolTipText = Combo1.Text; };
   Command1.Caption = u"&OK";
   Command1.Default = true;
   Command1.OnClick = [this] { Choose(); };

@@ -22,7 +22,7 @@ EditTool2::EditTool2(WindowSystem& windows, Messages& messages, ToolState& tools
   Command8.OnClick = [this] {
     if (UserAgrees(u"delete")) Change([this] { return listed_.Delete(number_, name_); });
   };
-  Columns = 84;
+  Columns = 90;
   Command9.Caption = u"Help!";
   Command9.OnClick = [this] { messages_.Help(kHelpCustomTools); };
 }

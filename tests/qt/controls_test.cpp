@@ -75,6 +75,16 @@ class Controls : public FormTest {
 };
 
 // What the program sets is shown; what the user does is set.
+TEST_F(Controls, ALongRowDoesNotMakeTheBoxWiderThanTheScreen) {
+  const int narrow = Combo(0)->sizeHint().width();
+  form.Fixed.List = {u"a longer row than those before", String(5000, u'x')};
+  form.Fixed.ListIndex = 1;
+  for (const int width : {Combo(0)->sizeHint().width(), Combo(0)->minimumSizeHint().width()}) {
+    EXPECT_GE(width, narrow);
+    EXPECT_LT(width, Combo(0)->screen()->size().width());
+  }
+}
+
 TEST_F(Controls, FollowBothWays) {
   QWidget& window = *windows.WindowOf(form);
   auto* line = Find<QLineEdit>(form);

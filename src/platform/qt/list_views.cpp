@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QStylePainter>
 
 #include "platform/qt/control_views.h"
 #include "platform/qt/list_rows.h"
@@ -116,11 +117,26 @@ class RowsBinding {
   bool quiet_ = false;
 };
 
-// As wide as its rows, within reason.
+// As wide as its rows, within reason; what has no room loses its middle.
 class ComboView : public QComboBox {
  public:
   QSize sizeHint() const override { return Bounded(QComboBox::sizeHint()); }
   QSize minimumSizeHint() const override { return Bounded(QComboBox::minimumSizeHint()); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    if (isEditable()) return QComboBox::paintEvent(event);
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const int room =
+        style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this)
+            .width();
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideMiddle, room - 2);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+  }
 
  private:
   static constexpr int kWidest = 60;  // average characters
