@@ -76,7 +76,7 @@ BatchPasses::BatchPasses(const ToolContext& context, CustomToolRunner& runner,
       if (number == 0)
         throw RuntimeError(kInvalidCall, "There is no custom tool named " + ToUtf8(name));
       pass.Custom.emplace();
-      pass.Custom->Tool = ReadRecord(ReadDataFile(context.Fields.CustomToolFile), number);
+      pass.Custom->Tool = ReadCustomTool(context.Fields.CustomToolFile, number);
       pass.Custom->Number = static_cast<int>(i) + 1;
     }
   }

@@ -67,7 +67,7 @@ Task ReadTask(Session& session) {
 bool TryStreamed(Session& session, const Task& task) {
   CustomTool tool;
   try {
-    tool = ReadRecord(ReadDataFile(session.Fields.CustomToolFile), task.ToolNumber);
+    tool = ReadCustomTool(session.Fields.CustomToolFile, task.ToolNumber);
   } catch (const RuntimeError&) {
     return false;
   }

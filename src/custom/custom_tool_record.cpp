@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "platform/system/text_file.h"
 #include "text/runtime_error.h"
 
 namespace {
@@ -132,6 +133,16 @@ std::vector<String> RecordLines(const CustomTool& tool, int number) {
     Write(out, step, kind);
   }
   return out.Lines;
+}
+
+CustomTool ReadCustomTool(const String& path, int number) {
+  const std::vector<String> lines = ReadDataFile(path);
+  try {
+    return ReadRecord(lines, number);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(
+        error.Code, ToUtf8(path) + ": custom tool " + std::to_string(number) + ": " + error.what());
+  }
 }
 
 CustomTool ReadRecord(const std::vector<String>& lines, int number) {

@@ -14,5 +14,8 @@ std::vector<String> RecordLines(const CustomTool& tool, int number);
 // 9 for settings of a step above kMostSteps.
 CustomTool ReadRecord(const std::vector<String>& lines, int number);
 
+// The same out of the custom tool file. RuntimeError names the file and the tool.
+CustomTool ReadCustomTool(const String& path, int number);
+
 // "Tool1:" and so on.
 String RecordKey(int number);

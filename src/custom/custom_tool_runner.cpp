@@ -59,7 +59,7 @@ CustomToolResult CustomToolRunner::Run(ToolContext& context, int number) {
   std::vector<const ToolStep*> steps;
   CustomTool tool;
   try {
-    tool = ReadRecord(ReadDataFile(context.Fields.CustomToolFile), number);
+    tool = ReadCustomTool(context.Fields.CustomToolFile, number);
     for (const ToolStep& step : tool.Steps) {
       if (FindTool(step.Name) != nullptr) steps.push_back(&step);
     }

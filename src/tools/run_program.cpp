@@ -1,6 +1,7 @@
 #include "tools/run_program.h"
 
 #include "platform/system/files.h"
+#include "platform/system/folder_work.h"
 #include "platform/system/process.h"
 #include "text/runtime_error.h"
 #include "text/scoped_value.h"
@@ -42,6 +43,12 @@ bool WaitFor(Process process, int seconds, WindowSystem& windows) {
   }
 }
 
+// A program may have put a link to another file in the place of the one that it was given.
+void TestOwnFile(const String& path) {
+  if (KindOf(path) == EntryKind::Link)
+    throw RuntimeError(kPathFileAccess, ToUtf8(path) + ": the program has left a link there");
+}
+
 void RunOnEditor(ToolContext& context, const RunSettings& command) {
   try {
     TestReadable(command.Program);
@@ -68,6 +75,7 @@ void RunOnEditor(ToolContext& context, const RunSettings& command) {
     context.Windows.DoEvents();
     if (!WaitFor(Start(command, fields.TempFile1), kEditorSeconds, context.Windows))
       context.Messages.Notice(kNotComplete);
+    TestOwnFile(fields.TempFile1);
     editor.LoadFile(fields.TempFile1);
     selection.SelectedTextAfterTool(context);
     KeepForUndo(fields, *before);
@@ -117,6 +125,7 @@ void RunOnFile(ToolContext& context, const RunSettings& command) {
     throw RuntimeError(kProgramDidNotReturn,
                        ToUtf8(command.Program) + ": the program has not returned");
   }
+  TestOwnFile(copy.Path());
   run.Take(InputFile(copy.Path()));
   context.Windows.DoEvents();
 }

@@ -102,6 +102,8 @@ TEST_F(RunProgramTest, ProgramThatFails) {
       {"never ends", Script(u"sleep", "exec sleep 20"), u"abc", kNotComplete, kProgramDidNotReturn,
        false},
       {"deletes the file", Script(u"rm", "rm \"$1\""), u"abc", kUnknown, kFileNotFound, false},
+      {"leaves a link", Script(u"link", "rm \"$1\"; ln -s \"$0\" \"$1\""), u"abc", kUnknown,
+       kPathFileAccess, false},
       {"empties the file", Script(u"empty", ": > \"$1\""), u"", u"", 0, false},
   };
   for (const Case& c : cases) {
