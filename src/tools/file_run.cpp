@@ -3,17 +3,18 @@
 #include <utility>
 
 FileRun::FileRun(const String& path, const String& workFolder)
-    : path_(path), workFolder_(workFolder), input_(path) {}
-
-FileRun::FileRun(const String& path, const TextFormat& format, const String& workFolder)
-    : path_(path), workFolder_(workFolder), input_(std::in_place, path, format) {}
+    : path_(path), workFolder_(workFolder) {
+  InputFile file(path);
+  size_ = file.Size();
+  input_.emplace(std::move(file));
+}
 
 InputFile FileRun::Source() const { return source_ ? source_->Read() : InputFile(path_); }
 
 void FileRun::Write(const std::function<void(TextWriter&)>& write) {
   hasResult_ = false;
   result_.reset();
-  if (!destination_) result_.emplace(workFolder_);
+  if (!destination_) result_.emplace(workFolder_, size_);
   TextWriter writer(destination_ ? *std::exchange(destination_, std::nullopt) : result_->Write(),
                     input_->Format());
   write(writer);
@@ -25,7 +26,7 @@ void FileRun::Write(const std::function<void(TextWriter&)>& write) {
 
 void FileRun::Take(InputFile file) {
   hasResult_ = false;
-  result_.emplace(workFolder_);
+  result_.emplace(workFolder_, file.Size());
   OutputFile out = result_->Write();
   file.ReadRest([&out](std::string_view bytes) { out.Write(bytes); });
   out.Close();

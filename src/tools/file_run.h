@@ -14,9 +14,6 @@ class FileRun {
   // Results are kept in files of `workFolder` without a name. RuntimeError where the file can't be
   // read.
   FileRun(const String& path, const String& workFolder);
-  // Of a file whose format is known.
-  FileRun(const String& path, const TextFormat& format, const String& workFolder);
-
   // Of the file that the run is about.
   const String& Path() const { return path_; }
 
@@ -49,6 +46,8 @@ class FileRun {
  private:
   String path_;
   String workFolder_;
+  // Of the file in bytes; results are expected to be about as large.
+  std::uint64_t size_ = 0;
   // What the input is read from, where that is no longer the file.
   std::optional<WorkFile> source_;
   std::optional<TextReader> input_;

@@ -8,7 +8,8 @@
 // behind, not even after a kill.
 class WorkFile {
  public:
-  explicit WorkFile(const String& folder);
+  // expected: about how many bytes it will hold. A small one is kept in memory.
+  explicit WorkFile(const String& folder, std::uint64_t expected = UINT64_MAX);
 
   // Empties it and writes from its start.
   OutputFile Write();
