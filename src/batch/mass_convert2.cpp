@@ -49,6 +49,8 @@ MassConvert2::MassConvert2(WindowSystem& windows, Messages& messages, ToolState&
   for (int number = 1; ToolRow & row : rows_) {
     row.Number.Caption = u"Tool " + Str(number) + u":";
     row.List.OnClick = [this, &row] { Choose(row); };
+    // On one line where the screen is wide enough.
+    row.Line.WordWrap = true;
     row.Settings.Caption = u"Settings";
     row.Settings.AccessibleName = u"Settings of tool " + Str(number);
     row.Settings.OnClick = [this, number] { SetMultiFlags(number); };
@@ -60,7 +62,7 @@ MassConvert2::MassConvert2(WindowSystem& windows, Messages& messages, ToolState&
   Command2.Caption = u"C&ancel";
   Command2.Cancel = true;
   Command2.OnClick = [this] { Hide(); };
-  Columns = 116;
+  Columns = 100;
 }
 
 Layout MassConvert2::Content() {

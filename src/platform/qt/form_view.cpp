@@ -149,7 +149,8 @@ void FormView::Fit() {
                      form_.Lines * metrics.lineSpacing() + edge.height());
   size = size.expandedTo(wished).boundedTo(screen * 0.95);
   if (QLayout* box = window_->layout(); box && box->hasHeightForWidth())
-    size.setHeight(std::max(box->totalHeightForWidth(size.width()), wished.height()));
+    size.setHeight(std::min(std::max(box->totalHeightForWidth(size.width()), wished.height()),
+                            static_cast<int>(screen.height() * 0.95)));
   window_->resize(size);
 }
 
