@@ -291,7 +291,7 @@ void ChangeCase::MultipleFileFlurn(int step) {
 
 void ChangeCase::UndoMultipleFileFlurn() {
   const ScopedValue running(toolRuns_, true);
-  Batch.Windows.ShowUndo();
+  Batch.ShowUndo();
 }
 
 void ChangeCase::UndoStop() {

@@ -19,6 +19,7 @@ TEST_F(MultiFlurnTest, UndoBlocksTheCommandsOfTheMainWindow) {
   Files.Put(u"a.txt", "new");
   backups.NoteLeft(file);
   backups.Close();
+  Open(file);
   app.RichTextBox1.SetText(u"text");
   Windows.Answers = {Answer::Yes};
   Windows.OnModal = [&](Form& form) {
@@ -34,6 +35,8 @@ TEST_F(MultiFlurnTest, UndoBlocksTheCommandsOfTheMainWindow) {
   };
   app.Menu.UndoMFFMenu.Click();
   EXPECT_EQ(BytesOf(file), "old");
+  ASSERT_EQ(Windows.Notices.size(), 2u);
+  EXPECT_TRUE(Windows.Notices[1].starts_with(file + u" has been changed."));
   app.Fields.TextChanged = false;
   app.CloseByFrame();
   EXPECT_EQ(Windows.QuitStatus, 0);
